@@ -1,0 +1,114 @@
+#include <qdacore/cim/value/TCIMDateTime.h>
+
+#include <boost/make_shared.hpp>
+
+#include <qdacore/cim/value/TCIMDateTimeImpl.h>
+#include <qdacore/cim/value/internal/LocalTimeBase.h>
+#include <qdacore/frame/internal/Throw.h>
+
+namespace NZRVQDA20 {
+
+namespace {
+
+// The precision flag is not carried by a copy; that is meant.
+boost::shared_ptr<TCIMDateTimeImpl> CopyWithoutPrecision(const TCIMDateTimeImpl& source) {
+  boost::shared_ptr<TCIMDateTimeImpl> copy = boost::make_shared<TCIMDateTimeImpl>(source);
+  copy->fPrecision = 0;
+  return copy;
+}
+
+}  // namespace
+
+TCIMDateTime::TCIMDateTime() : fBody(boost::make_shared<TCIMDateTimeImpl>()) {}
+
+TCIMDateTime::TCIMDateTime(unsigned short year, unsigned short month, unsigned int day,
+                           unsigned short hour, unsigned short minute, unsigned short second,
+                           unsigned int microseconds, short utcOffset)
+    : fBody(boost::make_shared<TCIMDateTimeImpl>()) {
+  Set(year, month, day, hour, minute, second, microseconds, utcOffset);
+}
+
+TCIMDateTime::TCIMDateTime(unsigned int days, unsigned short hours, unsigned short minutes,
+                           unsigned short seconds, unsigned int microseconds)
+    : fBody(boost::make_shared<TCIMDateTimeImpl>()) {
+  Set(days, hours, minutes, seconds, microseconds);
+}
+
+TCIMDateTime::TCIMDateTime(const std::string& text)
+    : fBody(boost::make_shared<TCIMDateTimeImpl>()) {
+  Set(text);
+}
+
+TCIMDateTime::TCIMDateTime(const TCIMDateTime& other) : fBody(CopyWithoutPrecision(*other.fBody)) {}
+
+TCIMDateTime& TCIMDateTime::operator=(const TCIMDateTime& other) {
+  fBody = CopyWithoutPrecision(*other.fBody);
+  return *this;
+}
+
+TCIMDateTime::~TCIMDateTime() {}
+
+void TCIMDateTime::Set(unsigned short year, unsigned short month, unsigned int day,
+                       unsigned short hour, unsigned short minute, unsigned short second,
+                       unsigned int microseconds, short utcOffset) {
+  TCIMDateTimeImpl fields;
+  fields.fIsNull = 0;
+  fields.fYear = year;
+  fields.fMonth = month;
+  fields.fDay = day;
+  fields.fHour = hour;
+  fields.fMinute = minute;
+  fields.fSecond = second;
+  fields.fMicroSeconds = microseconds;
+  fields.fUTCOffset = utcOffset;
+  fields.fIsInterval = 0;
+  fields.fPrecision = fBody->fPrecision;
+  if (!LocalTimeBase(fields, minute - utcOffset).IsValid()) {
+    Throw(TQDAStatusCode::kQDAStatusInvalidDateTime);
+  }
+  *fBody = fields;
+}
+
+void TCIMDateTime::Set(unsigned int days, unsigned short hours, unsigned short minutes,
+                       unsigned short seconds, unsigned int microseconds) {
+  if (hours >= 24 || minutes >= 60 || seconds >= 60 || microseconds > 999999) {
+    Throw(TQDAStatusCode::kQDAStatusInvalidDateTime);
+  }
+  // Year, month, offset and precision flag stay as they were.
+  TCIMDateTimeImpl& fields = *fBody;
+  fields.fIsNull = 0;
+  fields.fDay = days;
+  fields.fHour = hours;
+  fields.fMinute = minutes;
+  fields.fSecond = seconds;
+  fields.fMicroSeconds = microseconds;
+  fields.fIsInterval = 1;
+}
+
+unsigned short TCIMDateTime::GetYear() const { return fBody->fYear; }
+unsigned short TCIMDateTime::GetMonth() const { return fBody->fMonth; }
+unsigned int TCIMDateTime::GetDay() const { return fBody->fDay; }
+unsigned short TCIMDateTime::GetHour() const { return fBody->fHour; }
+unsigned short TCIMDateTime::GetMinute() const { return fBody->fMinute; }
+unsigned short TCIMDateTime::GetSecond() const { return fBody->fSecond; }
+unsigned int TCIMDateTime::GetMicroSeconds() const { return fBody->fMicroSeconds; }
+
+// The type has no sign, on purpose.
+unsigned short TCIMDateTime::GetUTCOffset() const {
+  return static_cast<unsigned short>(fBody->fUTCOffset);
+}
+
+bool TCIMDateTime::IsInterval() const { return fBody->fIsInterval != 0; }
+bool TCIMDateTime::IsNull() const { return fBody->fIsNull != 0; }
+bool TCIMDateTime::GetPrecision() const { return fBody->fPrecision != 0; }
+void TCIMDateTime::SetPrecision(bool precision) { fBody->fPrecision = precision; }
+
+// No body is left, so that even IsNull is a failed assertion from here on; that is meant.
+void TCIMDateTime::Clear() {
+  fBody->fIsNull = 1;
+  fBody.reset();
+}
+
+boost::shared_ptr<TCIMDateTimeImpl> TCIMDateTime::GetBody() const { return fBody; }
+
+}  // namespace NZRVQDA20

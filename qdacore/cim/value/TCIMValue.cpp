@@ -1,0 +1,222 @@
+#include <qdacore/cim/value/TCIMValue.h>
+
+#include <memory>
+
+#include <qdacore/cim/value/TCIMArrayValueImpl.h>
+#include <qdacore/cim/value/TCIMChar16ValueImpl.h>
+#include <qdacore/cim/value/TCIMDateTimeValueImpl.h>
+#include <qdacore/cim/value/TCIMNumericValueImpl.h>
+#include <qdacore/cim/value/TCIMReferenceValueImpl.h>
+#include <qdacore/cim/value/TCIMStringValueImpl.h>
+#include <qdacore/frame/internal/Throw.h>
+#include <qdacore/logging/internal/CoreLog.h>
+
+namespace NZRVQDA20 {
+
+namespace {
+
+typedef TCIMValue::TCIMType TType;
+
+TType::ECIMType WithArrayFlag(TType::ECIMType type) {
+  return static_cast<TType::ECIMType>(type | TType::kCIMTypeArrayFlag);
+}
+
+// The copy of a body, whose class the handle's type tells.
+template <class Body>
+TCIMValueImpl* CopyOf(const TCIMValueImpl& body) {
+  return new Body(static_cast<const Body&>(body));
+}
+
+}  // namespace
+
+TCIMValue::TCIMValue() : fBody(nullptr), fMaxArraySize(0) {}
+
+TCIMValue::~TCIMValue() { delete fBody; }
+
+TCIMValue::TCIMValue(TCIMType type, unsigned int maxArraySize)
+    : fType(maxArraySize != 0 ? TCIMType(WithArrayFlag(type)) : type),
+      fBody(nullptr),
+      fMaxArraySize(maxArraySize) {}
+
+TCIMValue::TCIMValue(TCIMType type, unsigned int maxArraySize,
+                     const std::vector<TCIMValue>& elements)
+    : TCIMValue() {
+  Set(type, maxArraySize, elements);
+}
+
+TCIMValue::TCIMValue(const TCIMValue& other) : TCIMValue() { Set(other); }
+
+TCIMValue::TCIMValue(TCIMReference& value) : TCIMValue() { Set(value); }
+
+TCIMValue& TCIMValue::operator=(const TCIMValue& other) {
+  Set(other);
+  return *this;
+}
+
+#define QDACORE_SCALAR(parameter, cimType, Body)                           \
+  TCIMValue::TCIMValue(parameter value)                                    \
+      : fType(TType::cimType), fBody(new Body(value)), fMaxArraySize(0) {} \
+  void TCIMValue::Set(parameter value) { ReplaceBody(TType::cimType, new Body(value)); }
+
+QDACORE_SCALAR(bool, kCIMTypeBoolean, TCIMNumericValueImpl)
+QDACORE_SCALAR(unsigned char, kCIMTypeUint8, TCIMNumericValueImpl)
+QDACORE_SCALAR(signed char, kCIMTypeSint8, TCIMNumericValueImpl)
+QDACORE_SCALAR(unsigned short, kCIMTypeUint16, TCIMNumericValueImpl)
+QDACORE_SCALAR(short, kCIMTypeSint16, TCIMNumericValueImpl)
+QDACORE_SCALAR(unsigned int, kCIMTypeUint32, TCIMNumericValueImpl)
+QDACORE_SCALAR(int, kCIMTypeSint32, TCIMNumericValueImpl)
+QDACORE_SCALAR(unsigned long long, kCIMTypeUint64, TCIMNumericValueImpl)
+QDACORE_SCALAR(long long, kCIMTypeSint64, TCIMNumericValueImpl)
+QDACORE_SCALAR(float, kCIMTypeReal32, TCIMNumericValueImpl)
+QDACORE_SCALAR(double, kCIMTypeReal64, TCIMNumericValueImpl)
+QDACORE_SCALAR(const std::string&, kCIMTypeString, TCIMStringValueImpl)
+QDACORE_SCALAR(const char*, kCIMTypeString, TCIMStringValueImpl)
+QDACORE_SCALAR(const TCIMChar16&, kCIMTypeChar16, TCIMChar16ValueImpl)
+QDACORE_SCALAR(const TCIMDateTime&, kCIMTypeDateTime, TCIMDateTimeValueImpl)
+
+#undef QDACORE_SCALAR
+
+// The new body is made before the old one goes, because its source may stand inside that one.
+void TCIMValue::ReplaceBody(TCIMType::ECIMType type, TCIMValueImpl* body) {
+  const std::unique_ptr<TCIMValueImpl> old(fBody);
+  fType = type;
+  fBody = body;
+}
+
+void TCIMValue::DeleteBody() {
+  delete fBody;
+  fBody = nullptr;
+}
+
+void TCIMValue::Set(TCIMReference& value) {
+  ReplaceBody(TType::kCIMTypeReference, new TCIMReferenceValueImpl(value));
+  fReferencedClass = value.GetClass();
+}
+
+void TCIMValue::Set(TCIMType type, unsigned int maxArraySize,
+                    const std::vector<TCIMValue>& elements) {
+  ReplaceBody(WithArrayFlag(type), new TCIMArrayValueImpl(elements));
+  fMaxArraySize = maxArraySize;
+
+  // Checked only now, so a failed call leaves the wrong elements in place; that is meant.
+  const int elementType = type & ~TType::kCIMTypeArrayFlag;
+  const std::vector<TCIMValue>& stored = *this;
+  for (const TCIMValue& element : stored) {
+    if (element.fType != elementType) {
+      LogAndThrow(ILogger::kLogError,
+                  "Core: ERROR: Attempting to create array of type " + type.ToString() +
+                      ", but element is of type " + element.fType.ToString() + ".",
+                  TQDAStatusCode::kQDAStatusInvalidProperty);
+    }
+  }
+}
+
+void TCIMValue::Set(const TCIMValue& source) {
+  // A test of values and not of identity: an equal source changes nothing at all.
+  if (*this == source) {
+    return;
+  }
+  // The old body goes at the end, because the source may be an element of it; to the caller it
+  // is gone from here on.
+  const std::unique_ptr<TCIMValueImpl> old(fBody);
+  fBody = nullptr;
+  fType = source.fType;
+  if (source.IsArray()) {
+    fMaxArraySize = source.fMaxArraySize;
+    if (source.fBody) {
+      fBody = CopyOf<TCIMArrayValueImpl>(*source.fBody);
+    }
+    return;
+  }
+  if (fType == TType::kCIMTypeReference) {
+    fReferencedClass = source.fReferencedClass;
+  } else if (fType < TType::kCIMTypeBoolean || fType > TType::kCIMTypeReference) {
+    Throw(TQDAStatusCode::kQDAStatusTypeMismatch);
+  }
+  if (!source.fBody) {
+    return;
+  }
+  switch (fType) {
+    case TType::kCIMTypeChar16:
+      fBody = CopyOf<TCIMChar16ValueImpl>(*source.fBody);
+      break;
+    case TType::kCIMTypeString:
+      fBody = CopyOf<TCIMStringValueImpl>(*source.fBody);
+      break;
+    case TType::kCIMTypeDateTime:
+      fBody = CopyOf<TCIMDateTimeValueImpl>(*source.fBody);
+      break;
+    case TType::kCIMTypeReference:
+      fBody = CopyOf<TCIMReferenceValueImpl>(*source.fBody);
+      break;
+    default:
+      fBody = CopyOf<TCIMNumericValueImpl>(*source.fBody);
+      break;
+  }
+}
+
+void TCIMValue::SetNullValue(TCIMType::ECIMType type, unsigned int maxArraySize) {
+  fType = type;
+  if (IsArray()) {
+    fMaxArraySize = maxArraySize;
+  }
+  DeleteBody();
+}
+
+void TCIMValue::SetReferencedClass(boost::shared_ptr<ICIMClass> cls) {
+  if (fBody) {
+    Throw(TQDAStatusCode::kQDAStatusInvalidOpSequence);
+  }
+  fReferencedClass = cls;
+}
+
+boost::shared_ptr<ICIMClass> TCIMValue::GetReferencedClass() const { return fReferencedClass; }
+
+std::string TCIMValue::ToString(unsigned char base) const {
+  if (!fBody) {
+    Throw(TQDAStatusCode::kQDAStatusValueIsNULL);
+  }
+  return fBody->ToString(base);
+}
+
+bool TCIMValue::operator==(const TCIMValue& other) const {
+  if (!fBody && !other.fBody) {
+    if (fType != other.fType) {
+      return false;
+    }
+    if (IsReference()) {
+      return fReferencedClass == other.fReferencedClass;
+    }
+    return !IsArray() || fMaxArraySize == other.fMaxArraySize;
+  }
+  if (!fBody || !other.fBody || fType != other.fType) {
+    return false;
+  }
+  return *fBody == other;
+}
+
+bool TCIMValue::operator<(const TCIMValue& other) const {
+  if (!fBody) {
+    return other.fBody != nullptr;
+  }
+  if (!other.fBody) {
+    return false;
+  }
+  if (fType != other.fType) {
+    return static_cast<TCIMType::ECIMType>(fType) < static_cast<TCIMType::ECIMType>(other.fType);
+  }
+  return *fBody < other;
+}
+
+bool TCIMValue::operator!=(const TCIMValue& other) const { return !(*this == other); }
+
+bool TCIMValue::operator>=(const TCIMValue& other) const { return !(*this < other); }
+
+// Both test equality first, so that two equal arrays compare although arrays have no order.
+bool TCIMValue::operator>(const TCIMValue& other) const {
+  return !(*this == other) && !(*this < other);
+}
+
+bool TCIMValue::operator<=(const TCIMValue& other) const { return *this == other || *this < other; }
+
+}  // namespace NZRVQDA20

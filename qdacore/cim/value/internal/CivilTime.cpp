@@ -1,0 +1,36 @@
+#include <qdacore/cim/value/internal/CivilTime.h>
+
+namespace NZRVQDA20 {
+
+namespace {
+
+// Days of the year before the first of each month, in a year that is no leap year.
+const int kDaysBeforeMonth[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+
+const std::int64_t kDaysBefore1970 = 719162;
+
+bool IsLeapYear(std::int64_t year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
+
+}  // namespace
+
+std::int64_t CivilDay(std::int64_t year, std::int64_t month, std::int64_t day) {
+  std::int64_t monthsOn = month - 1;
+  std::int64_t yearsOn = monthsOn / 12;
+  monthsOn %= 12;
+  if (monthsOn < 0) {
+    monthsOn += 12;
+    yearsOn -= 1;
+  }
+  year += yearsOn;
+  // Whole years since the year 1. Years before it do not occur: a year is never negative, and
+  // divisions that truncate are right for the year 0 as well.
+  const std::int64_t before = year - 1;
+  std::int64_t days = before * 365 + before / 4 - before / 100 + before / 400;
+  days += kDaysBeforeMonth[monthsOn];
+  if (monthsOn > 1 && IsLeapYear(year)) {
+    days += 1;
+  }
+  return days - kDaysBefore1970 + day - 1;
+}
+
+}  // namespace NZRVQDA20

@@ -1,0 +1,152 @@
+#include <qdacore/cim/value/internal/ObjectPathParser.h>
+
+#include <qdacore/cim/object/ICIMClass.h>
+#include <qdacore/cim/object/ICIMNamespace.h>
+#include <qdacore/cim/object/ICIMPropertyDecl.h>
+#include <qdacore/frame/internal/Throw.h>
+#include <qdacore/logging/internal/CoreLog.h>
+
+namespace NZRVQDA20 {
+
+namespace {
+
+typedef std::map<std::string, TCIMValue> TContext;
+
+// Every level is a recursion, here and wherever such a reference is copied or released, and the
+// text may come from outside.
+const int kDeepestNesting = 256;
+
+bool IsNotFound(const TQDAException& failure) {
+  return failure.GetStatus().GetStatusCode() == TQDAStatusCode::kQDAStatusNotFound;
+}
+
+}  // namespace
+
+ObjectPathParser::ObjectPathParser(const std::string& text,
+                                   const boost::weak_ptr<ICIMNamespace>& ns,
+                                   const TContext& context)
+    : fText(text), fNamespace(ns), fContext(context), fPosition(0), fDepth(0) {}
+
+void ObjectPathParser::Parse(TCIMReference& reference) { ParsePath(reference, false); }
+
+void ObjectPathParser::ParsePath(TCIMReference& reference, bool nested) {
+  if (nested) {
+    ++fPosition;  // over the opening quote
+  }
+  const std::size_t dot = fText.find('.', fPosition);
+  if (dot == std::string::npos) {
+    // A class and no keys. In a nested path this takes in the closing quote and fails in the
+    // lookup: a nested reference must have keys.
+    const std::string name = fText.substr(fPosition);
+    fPosition = fText.size();
+    reference.SetClassName(name);
+    return;
+  }
+  std::string name = fText.substr(fPosition, dot - fPosition);
+  const std::size_t colon = name.find(':');
+  if (colon != std::string::npos) {
+    name.erase(0, colon + 1);
+  }
+  const boost::shared_ptr<ICIMClass> cls = LookUpClass(name);
+  reference.SetClass(cls);
+  fPosition = dot;
+  while (!AtEnd() && !(nested && fText[fPosition] == '"')) {
+    ParseBinding(reference, *cls);
+  }
+}
+
+void ObjectPathParser::ParseBinding(TCIMReference& reference, const ICIMClass& cls) {
+  const std::string name = ParsePropertyName();
+  const boost::shared_ptr<const ICIMPropertyDecl> declaration = LookUpProperty(cls, name);
+
+  ++fPosition;  // over the "="
+  if (AtEnd() || fText[fPosition] != '"') {
+    // This one message has a severity of its own, on purpose.
+    LogAndThrow(ILogger::kLogDebug, "Reference missing opening '\"', path=" + fText,
+                TQDAStatusCode::kQDAStatusInvalidReference);
+  }
+  if (declaration->GetDefaultValue(TContext()).IsReference()) {
+    if (++fDepth > kDeepestNesting) {
+      Refuse("Reference nested too deeply, path=" + fText);
+    }
+    TCIMReference target(fNamespace.lock(), fContext);
+    ParsePath(target, true);
+    --fDepth;
+    reference.AddKeyValue(name, TCIMValue(target));
+  } else {
+    std::string text = ReadQuotedValue();
+    reference.AddKeyValue(name,
+                          TCIMValue(declaration->GetType(TContext()), text, fNamespace.lock()));
+  }
+  ++fPosition;  // over the closing quote
+}
+
+// Leaves the position on the "=".
+std::string ObjectPathParser::ParsePropertyName() {
+  if (fText[fPosition] != ',' && fText[fPosition] != '.') {
+    Refuse("Reference missing '.' or ',', path=" + fText);
+  }
+  const std::size_t equals = fText.find('=', fPosition);
+  if (equals == std::string::npos) {
+    Refuse("Reference missing property value, path=" + fText);
+  }
+  const std::size_t begin = fPosition + 1;
+  fPosition = equals;
+  return fText.substr(begin, equals - begin);
+}
+
+boost::shared_ptr<ICIMClass> ObjectPathParser::LookUpClass(const std::string& name) const {
+  try {
+    return fNamespace.lock()->GetClass(name, fContext);
+  } catch (TQDAException& failure) {
+    if (!IsNotFound(failure)) {
+      throw TQDAException(failure.GetStatus());
+    }
+  }
+  Refuse("Reference specifies invalid class, path=" + fText);
+}
+
+boost::shared_ptr<const ICIMPropertyDecl> ObjectPathParser::LookUpProperty(
+    const ICIMClass& cls, const std::string& name) const {
+  try {
+    return cls.GetPropertyDecl(name, TContext());
+  } catch (TQDAException& failure) {
+    if (!IsNotFound(failure)) {
+      throw TQDAException(failure.GetStatus());
+    }
+  }
+  Refuse("Reference specifies invalid property, property=" + name + ", path=" + fText);
+}
+
+// From the opening quote to the closing one, where the position is left.
+std::string ObjectPathParser::ReadQuotedValue() {
+  std::string value;
+  bool escaping = false;
+  for (;;) {
+    ++fPosition;
+    if (AtEnd()) {
+      Refuse("Reference missing closing '\"', path=" + fText);
+    }
+    const char character = fText[fPosition];
+    if (escaping) {
+      // Before anything else the backslash is a character like any other.
+      if (character != '\\' && character != '"') {
+        value += '\\';
+      }
+      value += character;
+      escaping = false;
+    } else if (character == '\\') {
+      escaping = true;
+    } else if (character == '"') {
+      return value;
+    } else {
+      value += character;
+    }
+  }
+}
+
+void ObjectPathParser::Refuse(const std::string& reason) const {
+  LogAndThrow(ILogger::kLogError, reason, TQDAStatusCode::kQDAStatusInvalidReference);
+}
+
+}  // namespace NZRVQDA20

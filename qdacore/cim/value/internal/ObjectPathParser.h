@@ -1,0 +1,49 @@
+// The reader of object path text: see TCIMReference.h for what it accepts.
+
+#ifndef QDACORE_CIM_VALUE_INTERNAL_OBJECTPATHPARSER_H
+#define QDACORE_CIM_VALUE_INTERNAL_OBJECTPATHPARSER_H
+
+#include <cstddef>
+#include <map>
+#include <string>
+
+#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
+
+#include <qdacore/cim/value/TCIMReference.h>
+
+namespace NZRVQDA20 {
+
+class ICIMPropertyDecl;
+
+class ObjectPathParser {
+ public:
+  // All three must outlive the parser.
+  ObjectPathParser(const std::string& text, const boost::weak_ptr<ICIMNamespace>& ns,
+                   const std::map<std::string, TCIMValue>& context);
+
+  // Fills `reference`, which has neither class nor keys. Throws what TCIMReference::SetPath
+  // does; what was bound by then stays bound.
+  void Parse(TCIMReference& reference);
+
+ private:
+  void ParsePath(TCIMReference& reference, bool nested);
+  void ParseBinding(TCIMReference& reference, const ICIMClass& cls);
+  boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name) const;
+  boost::shared_ptr<const ICIMPropertyDecl> LookUpProperty(const ICIMClass& cls,
+                                                           const std::string& name) const;
+  std::string ParsePropertyName();
+  std::string ReadQuotedValue();
+  bool AtEnd() const { return fPosition >= fText.size(); }
+  [[noreturn]] void Refuse(const std::string& reason) const;
+
+  const std::string& fText;
+  const boost::weak_ptr<ICIMNamespace>& fNamespace;
+  const std::map<std::string, TCIMValue>& fContext;
+  std::size_t fPosition;
+  int fDepth;
+};
+
+}  // namespace NZRVQDA20
+
+#endif

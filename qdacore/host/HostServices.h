@@ -1,0 +1,33 @@
+// Which object serves each area of the host. Tests of internals put a recording or failing one
+// in place of the real one; nothing else may.
+
+#ifndef QDACORE_HOST_HOSTSERVICES_H
+#define QDACORE_HOST_HOSTSERVICES_H
+
+#include <qdacore/host/Clock.h>
+#include <qdacore/host/EventLog.h>
+#include <qdacore/host/Files.h>
+#include <qdacore/host/Modules.h>
+
+namespace NZRVQDA20 {
+namespace host {
+
+// The host's own, one for the life of the process.
+Clock& SystemClock();
+EventLog& SystemEventLog();
+Files& SystemFiles();
+Modules& SystemModules();
+
+// A null pointer stands for the host's own. Not guarded against threads.
+struct Replacements {
+  Clock* clock;
+  EventLog* eventLog;
+  Files* files;
+  Modules* modules;
+};
+extern Replacements replacements;
+
+}  // namespace host
+}  // namespace NZRVQDA20
+
+#endif

@@ -1,0 +1,38 @@
+// The steps that the hashes of this library are made of. The results depend on the byte
+// order of the machine and are never stored.
+
+#ifndef QDAMEMORY_INTERNAL_MIX_H
+#define QDAMEMORY_INTERNAL_MIX_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace NZRVQDA20 {
+
+inline std::uint64_t LoadWord(const char* text) {
+  std::uint64_t word;
+  std::memcpy(&word, text, sizeof(word));
+  return word;
+}
+
+// All of a text of fewer than eight bytes.
+inline std::uint64_t LoadShort(const char* text, std::size_t size) {
+  std::uint64_t word = 0;
+  for (std::size_t at = 0; at < size; ++at) {
+    word = word << 8 | static_cast<unsigned char>(text[at]);
+  }
+  return word;
+}
+
+// Takes one more word into a hash. The multiplier is 2 to the 64th over the golden ratio, odd.
+inline std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) {
+  hash = (hash ^ word) * 0x9E3779B97F4A7C15u;
+  hash ^= hash >> 29;
+  hash *= 0x9E3779B97F4A7C15u;
+  return hash ^ hash >> 32;
+}
+
+}  // namespace NZRVQDA20
+
+#endif

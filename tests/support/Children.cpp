@@ -1,0 +1,49 @@
+#include <cstdio>
+#include <cstring>
+
+#include <tests/support/ChildProcess.h>
+
+namespace test_support {
+
+namespace {
+
+const char kChildSwitch[] = "--run-as-child";
+
+std::map<std::string, ChildFunction>& Children() {
+  static std::map<std::string, ChildFunction> children;
+  return children;
+}
+
+}  // namespace
+
+ChildRegistration::ChildRegistration(const char* name, ChildFunction function) {
+  Children()[name] = function;
+}
+
+std::string OwnFolder() {
+  const std::string program = OwnProgram();
+  return program.substr(0, program.find_last_of("/\\"));
+}
+
+ChildResult RunChild(const std::string& name, const std::vector<EnvironmentChange>& environment,
+                     const std::vector<std::string>& arguments) {
+  std::vector<std::string> all = {kChildSwitch, name};
+  all.insert(all.end(), arguments.begin(), arguments.end());
+  return RunProgram(OwnProgram(), all, environment);
+}
+
+bool RunAsChild(int argc, char** argv, int& exitCode) {
+  if (argc < 3 || std::strcmp(argv[1], kChildSwitch) != 0) {
+    return false;
+  }
+  const auto found = Children().find(argv[2]);
+  if (found == Children().end()) {
+    std::fprintf(stderr, "no child is called %s\n", argv[2]);
+    exitCode = 99;
+  } else {
+    exitCode = found->second(std::vector<std::string>(argv + 3, argv + argc));
+  }
+  return true;
+}
+
+}  // namespace test_support
