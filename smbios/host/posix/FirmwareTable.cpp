@@ -65,8 +65,6 @@ Situation ReadToEnd(int descriptor, std::size_t mostBytes, std::vector<unsigned 
 
 }  // namespace
 
-FirmwareTable::~FirmwareTable() = default;
-
 std::string SystemFirmwareTable::ReadVariable(const char* name) {
   const char* const value = std::getenv(name);
   return value == nullptr ? std::string() : std::string(value);

@@ -102,8 +102,6 @@ const std::size_t kRawHeaderSize = 8;
 
 }  // namespace
 
-FirmwareTable::~FirmwareTable() = default;
-
 std::string SystemFirmwareTable::ReadVariable(const char* name) {
   const std::wstring wideName = ToWide(name);
   std::wstring value;

@@ -1,0 +1,4 @@
+#pragma once
+namespace boost {
+template <class F> struct function { void* target; };
+}
