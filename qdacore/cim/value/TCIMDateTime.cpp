@@ -1,9 +1,8 @@
 #include <qdacore/cim/value/TCIMDateTime.h>
 
-#include <boost/make_shared.hpp>
-
 #include <qdacore/cim/value/TCIMDateTimeImpl.h>
 #include <qdacore/cim/value/internal/LocalTimeBase.h>
+#include <qdacore/cim/value/internal/NewBody.h>
 #include <qdacore/frame/internal/Throw.h>
 
 namespace NZRVQDA20 {
@@ -11,42 +10,65 @@ namespace NZRVQDA20 {
 namespace {
 
 // The precision flag is not carried by a copy; that is meant.
-boost::shared_ptr<TCIMDateTimeImpl> CopyWithoutPrecision(const TCIMDateTimeImpl& source) {
-  boost::shared_ptr<TCIMDateTimeImpl> copy = boost::make_shared<TCIMDateTimeImpl>(source);
+TCIMDateTimeImpl* CopyWithoutPrecision(const TCIMDateTimeImpl& source) {
+  TCIMDateTimeImpl* const copy = NewPlainBody<TCIMDateTimeImpl>(source);
   copy->fPrecision = 0;
   return copy;
 }
 
+TCIMDateTimeImpl* NewNull() { return NewPlainBody<TCIMDateTimeImpl>(TCIMDateTimeImpl()); }
+
 }  // namespace
 
-TCIMDateTime::TCIMDateTime() : fBody(boost::make_shared<TCIMDateTimeImpl>()) {}
+TCIMDateTime::TCIMDateTime() { SetBody(NewNull()); }
 
+// Each goes through the constructor above, so that the body is released when the value is refused.
 TCIMDateTime::TCIMDateTime(unsigned short year, unsigned short month, unsigned int day,
                            unsigned short hour, unsigned short minute, unsigned short second,
                            unsigned int microseconds, short utcOffset)
-    : fBody(boost::make_shared<TCIMDateTimeImpl>()) {
+    : TCIMDateTime() {
   Set(year, month, day, hour, minute, second, microseconds, utcOffset);
 }
 
 TCIMDateTime::TCIMDateTime(unsigned int days, unsigned short hours, unsigned short minutes,
                            unsigned short seconds, unsigned int microseconds)
-    : fBody(boost::make_shared<TCIMDateTimeImpl>()) {
+    : TCIMDateTime() {
   Set(days, hours, minutes, seconds, microseconds);
 }
 
-TCIMDateTime::TCIMDateTime(const std::string& text)
-    : fBody(boost::make_shared<TCIMDateTimeImpl>()) {
-  Set(text);
+TCIMDateTime::TCIMDateTime(const std::string& text) : TCIMDateTime() { Set(text); }
+
+TCIMDateTime::TCIMDateTime(const TCIMDateTime& other) {
+  SetBody(CopyWithoutPrecision(*other.fBody));
 }
 
-TCIMDateTime::TCIMDateTime(const TCIMDateTime& other) : fBody(CopyWithoutPrecision(*other.fBody)) {}
-
 TCIMDateTime& TCIMDateTime::operator=(const TCIMDateTime& other) {
-  fBody = CopyWithoutPrecision(*other.fBody);
+  TCIMDateTimeImpl* const body = CopyWithoutPrecision(*other.fBody);
+  ReleaseBody();
+  SetBody(body);
   return *this;
 }
 
-TCIMDateTime::~TCIMDateTime() {}
+TCIMDateTime::~TCIMDateTime() { ReleaseBody(); }
+
+void TCIMDateTime::SetBody(TCIMDateTimeImpl* body) {
+  fBody = boost::shared_ptr<TCIMDateTimeImpl>(boost::shared_ptr<TCIMDateTimeImpl>(), body);
+}
+
+void TCIMDateTime::ReleaseBody() {
+  const bool isShared = fBody.use_count() != 0;
+  if (!isShared) {
+    ReleasePlainBody(fBody.get());
+  }
+  fBody.reset();
+}
+
+boost::shared_ptr<TCIMDateTimeImpl> TCIMDateTime::GetBody() const {
+  if (fBody && fBody.use_count() == 0) {
+    fBody.reset(fBody.get(), ReleasePlainBody<TCIMDateTimeImpl>);
+  }
+  return fBody;
+}
 
 void TCIMDateTime::Set(unsigned short year, unsigned short month, unsigned int day,
                        unsigned short hour, unsigned short minute, unsigned short second,
@@ -63,7 +85,8 @@ void TCIMDateTime::Set(unsigned short year, unsigned short month, unsigned int d
   fields.fUTCOffset = utcOffset;
   fields.fIsInterval = 0;
   fields.fPrecision = fBody->fPrecision;
-  if (!LocalTimeBase(fields, minute - utcOffset).IsValid()) {
+  if (!LocalTimeBase::IsPlainlyValid(fields) &&
+      !LocalTimeBase(fields, minute - utcOffset).IsValid()) {
     Throw(TQDAStatusCode::kQDAStatusInvalidDateTime);
   }
   *fBody = fields;
@@ -106,9 +129,7 @@ void TCIMDateTime::SetPrecision(bool precision) { fBody->fPrecision = precision;
 // No body is left, so that even IsNull is a failed assertion from here on; that is meant.
 void TCIMDateTime::Clear() {
   fBody->fIsNull = 1;
-  fBody.reset();
+  ReleaseBody();
 }
-
-boost::shared_ptr<TCIMDateTimeImpl> TCIMDateTime::GetBody() const { return fBody; }
 
 }  // namespace NZRVQDA20

@@ -114,9 +114,15 @@ class QDACORE_EXPORT TCIMDateTime {
   static long long GetDifference(TCIMDateTime& left, TCIMDateTime& right);
 
  private:
+  // Shares the body, for the life of the longest holder.
   boost::shared_ptr<TCIMDateTimeImpl> GetBody() const;
 
-  boost::shared_ptr<TCIMDateTimeImpl> fBody;
+  void SetBody(TCIMDateTimeImpl* body);
+  void ReleaseBody();
+
+  // Without a count, because the handle alone owns the body, until GetBody shares it: two atomic
+  // operations would be most of the cost of a date-time.
+  mutable boost::shared_ptr<TCIMDateTimeImpl> fBody;
 };
 
 }  // namespace NZRVQDA20

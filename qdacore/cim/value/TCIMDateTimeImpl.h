@@ -7,7 +7,8 @@
 
 namespace NZRVQDA20 {
 
-struct TCIMDateTimeImpl {
+class TCIMDateTimeImpl {
+ public:
   std::uint8_t fIsNull = 1;
   std::uint16_t fYear = 0;
   std::uint16_t fMonth = 0;

@@ -1,6 +1,8 @@
 // The two texts of a date-time: the 25-character form, in and out, and the one for people.
 
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 #include <qdacore/cim/value/TCIMDateTime.h>
 #include <qdacore/cim/value/TCIMDateTimeImpl.h>
@@ -16,46 +18,57 @@ const std::size_t kKindAt = 21;
 
 [[noreturn]] void Invalid() { Throw(TQDAStatusCode::kQDAStatusInvalidDateTime); }
 
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+// Reads groups of digits and remembers whether any character was none.
+class DigitReader {
+ public:
+  DigitReader(const std::string& text) : fText(text), fBad(0) {}
 
-void RequireForm(const std::string& text) {
-  if (text.size() != kLength || text[kPointAt] != '.') {
-    Invalid();
-  }
-  for (std::size_t at = 0; at < kLength; ++at) {
-    if (at != kPointAt && at != kKindAt && !IsDigit(text[at])) {
-      Invalid();
+  unsigned Number(std::size_t at, std::size_t digits) {
+    unsigned number = 0;
+    for (const std::size_t end = at + digits; at < end; ++at) {
+      const unsigned digit = static_cast<unsigned char>(fText[at]) - static_cast<unsigned>('0');
+      fBad |= digit > 9;
+      number = number * 10 + digit;
     }
+    return number;
   }
-}
 
-unsigned Number(const std::string& text, std::size_t at, std::size_t digits) {
-  unsigned number = 0;
-  for (std::size_t end = at + digits; at < end; ++at) {
-    number = number * 10 + static_cast<unsigned>(text[at] - '0');
+  unsigned short Short(std::size_t at, std::size_t digits) {
+    return static_cast<unsigned short>(Number(at, digits));
   }
-  return number;
-}
 
-unsigned short Short(const std::string& text, std::size_t at, std::size_t digits) {
-  return static_cast<unsigned short>(Number(text, at, digits));
-}
+  bool AllWereDigits() const { return fBad == 0; }
 
-// Writes a number filled with zeros to `width`, which is a minimum, and returns the end.
-char* PutNumber(char* end, std::uint32_t number, int width) {
-  char digits[10];
-  int count = 0;
-  do {
-    digits[count++] = static_cast<char>('0' + number % 10);
-    number /= 10;
-  } while (number != 0);
-  for (; width > count; --width) {
-    *end++ = '0';
+ private:
+  const std::string& fText;
+  unsigned fBad;
+};
+
+const char kPairs[] =
+    "0001020304050607080910111213141516171819202122232425262728293031323334353637383940414243444546"
+    "4748"
+    "4950515253545556575859606162636465666768697071727374757677787980818283848586878889909192939495"
+    "969798"
+    "99";
+
+// Writes a number filled with zeros to `Width` digits, which is a minimum, and returns the end.
+template <int Width>
+char* PutNumber(char* end, std::uint32_t number) {
+  std::uint32_t rest = number;
+  int at = Width;
+  for (; at >= 2; rest /= 100) {
+    at -= 2;
+    std::memcpy(end + at, kPairs + rest % 100 * 2, 2);
   }
-  while (count > 0) {
-    *end++ = digits[--count];
+  if (at == 1) {
+    end[0] = static_cast<char>('0' + rest % 10);
+    rest /= 10;
   }
-  return end;
+  if (rest == 0) {
+    return end + Width;
+  }
+  const std::string wide = std::to_string(number);
+  return std::copy(wide.begin(), wide.end(), end);
 }
 
 char* PutCharacter(char* end, char character) {
@@ -89,43 +102,46 @@ std::string IntervalForPeople(const TCIMDateTimeImpl& fields) {
 
 std::string TimestampForPeople(const TCIMDateTimeImpl& fields) {
   char buffer[64];
-  char* end = PutNumber(buffer, fields.fMonth, 2);
-  end = PutNumber(PutCharacter(end, '/'), fields.fDay, 2);
-  end = PutNumber(PutCharacter(end, '/'), fields.fYear, 4);
-  end = PutNumber(PutCharacter(end, ' '), fields.fHour, 2);
-  end = PutNumber(PutCharacter(end, ':'), fields.fMinute, 2);
-  end = PutNumber(PutCharacter(end, ':'), fields.fSecond, 2);
+  char* end = PutNumber<2>(buffer, fields.fMonth);
+  end = PutNumber<2>(PutCharacter(end, '/'), fields.fDay);
+  end = PutNumber<4>(PutCharacter(end, '/'), fields.fYear);
+  end = PutNumber<2>(PutCharacter(end, ' '), fields.fHour);
+  end = PutNumber<2>(PutCharacter(end, ':'), fields.fMinute);
+  end = PutNumber<2>(PutCharacter(end, ':'), fields.fSecond);
   return std::string(buffer, end);
 }
 
 }  // namespace
 
 void TCIMDateTime::Set(const std::string& text) {
-  RequireForm(text);
-  const unsigned short hour = Short(text, 8, 2);
-  const unsigned short minute = Short(text, 10, 2);
-  const unsigned short second = Short(text, 12, 2);
-  // Kept modulo 65536, and so are the days of an interval; both are meant.
-  const unsigned short microseconds = Short(text, 15, 6);
-  const unsigned offset = Number(text, kKindAt + 1, 3);
-
-  switch (text[kKindAt]) {
-    case ':':
-      if (offset != 0) {
-        Invalid();
-      }
-      Set(Short(text, 0, 8), hour, minute, second, microseconds);
-      break;
-    case '+':
-    case '-':
-      Set(Short(text, 0, 4), Short(text, 4, 2), Number(text, 6, 2), hour, minute, second,
-          microseconds,
-          static_cast<short>(text[kKindAt] == '-' ? -static_cast<int>(offset)
-                                                  : static_cast<int>(offset)));
-      break;
-    default:
-      Invalid();
+  if (text.size() != kLength || text[kPointAt] != '.') {
+    Invalid();
   }
+  DigitReader digits(text);
+  const char kind = text[kKindAt];
+  const unsigned offset = digits.Number(kKindAt + 1, 3);
+  const unsigned short hour = digits.Short(8, 2);
+  const unsigned short minute = digits.Short(10, 2);
+  const unsigned short second = digits.Short(12, 2);
+  // Kept modulo 65536, and so are the days of an interval; both are meant.
+  const unsigned short microseconds = digits.Short(15, 6);
+
+  if (kind == ':') {
+    const unsigned short days = digits.Short(0, 8);
+    if (!digits.AllWereDigits() || offset != 0) {
+      Invalid();
+    }
+    Set(days, hour, minute, second, microseconds);
+    return;
+  }
+  const unsigned short year = digits.Short(0, 4);
+  const unsigned short month = digits.Short(4, 2);
+  const unsigned day = digits.Number(6, 2);
+  if (!digits.AllWereDigits() || (kind != '+' && kind != '-')) {
+    Invalid();
+  }
+  const int minutesEast = kind == '-' ? -static_cast<int>(offset) : static_cast<int>(offset);
+  Set(year, month, day, hour, minute, second, microseconds, static_cast<short>(minutesEast));
 }
 
 std::string TCIMDateTime::ToString() const {
@@ -136,22 +152,22 @@ std::string TCIMDateTime::ToString() const {
   char buffer[64];
   char* end = buffer;
   if (fields.fIsInterval) {
-    end = PutNumber(end, fields.fDay, 8);
+    end = PutNumber<8>(end, fields.fDay);
   } else {
-    end = PutNumber(end, fields.fYear, 4);
-    end = PutNumber(end, fields.fMonth, 2);
-    end = PutNumber(end, fields.fDay, 2);
+    end = PutNumber<4>(end, fields.fYear);
+    end = PutNumber<2>(end, fields.fMonth);
+    end = PutNumber<2>(end, fields.fDay);
   }
-  end = PutNumber(end, fields.fHour, 2);
-  end = PutNumber(end, fields.fMinute, 2);
-  end = PutNumber(end, fields.fSecond, 2);
-  end = PutNumber(PutCharacter(end, '.'), fields.fMicroSeconds, 6);
+  end = PutNumber<2>(end, fields.fHour);
+  end = PutNumber<2>(end, fields.fMinute);
+  end = PutNumber<2>(end, fields.fSecond);
+  end = PutNumber<6>(PutCharacter(end, '.'), fields.fMicroSeconds);
   if (fields.fIsInterval) {
-    end = PutNumber(PutCharacter(end, ':'), 0, 3);
+    end = PutNumber<3>(PutCharacter(end, ':'), 0);
   } else {
     const int offset = fields.fUTCOffset;
     end = PutCharacter(end, offset < 0 ? '-' : '+');
-    end = PutNumber(end, static_cast<std::uint32_t>(offset < 0 ? -offset : offset), 3);
+    end = PutNumber<3>(end, static_cast<std::uint32_t>(offset < 0 ? -offset : offset));
   }
   return std::string(buffer, end);
 }

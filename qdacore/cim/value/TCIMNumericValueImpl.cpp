@@ -114,14 +114,10 @@ bool Compare(TType::ECIMType type, const Union& left, const Union& right, Compar
 
 }  // namespace
 
-#define QDACORE_NUMERIC(cppType, cimType, member)                                     \
-  TCIMNumericValueImpl::TCIMNumericValueImpl(cppType value) : fType(TType::cimType) { \
-    fValue.uint64 = 0;                                                                \
-    fValue.member = value;                                                            \
-  }                                                                                   \
-  TCIMNumericValueImpl::operator cppType() const {                                    \
-    Require(TType::cimType);                                                          \
-    return fValue.member;                                                             \
+#define QDACORE_NUMERIC(cppType, cimType, member)  \
+  TCIMNumericValueImpl::operator cppType() const { \
+    Require(TType::cimType);                       \
+    return fValue.member;                          \
   }
 
 QDACORE_NUMERIC(bool, kCIMTypeBoolean, boolean)
@@ -137,11 +133,6 @@ QDACORE_NUMERIC(float, kCIMTypeReal32, real32)
 QDACORE_NUMERIC(double, kCIMTypeReal64, real64)
 
 #undef QDACORE_NUMERIC
-
-TCIMNumericValueImpl::TCIMNumericValueImpl(const TCIMNumericValueImpl& other)
-    : TCIMValueImpl(other), fType(other.fType), fValue(other.fValue) {}
-
-TCIMNumericValueImpl::~TCIMNumericValueImpl() {}
 
 void TCIMNumericValueImpl::Require(TType::ECIMType type) const {
   if (fType != type) {

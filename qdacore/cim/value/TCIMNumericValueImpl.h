@@ -13,19 +13,42 @@ namespace NZRVQDA20 {
 
 class QDACORE_EXPORT TCIMNumericValueImpl : public TCIMValueImpl {
  public:
-  TCIMNumericValueImpl(bool value);
-  TCIMNumericValueImpl(unsigned char value);
-  TCIMNumericValueImpl(signed char value);
-  TCIMNumericValueImpl(unsigned short value);
-  TCIMNumericValueImpl(short value);
-  TCIMNumericValueImpl(unsigned int value);
-  TCIMNumericValueImpl(int value);
-  TCIMNumericValueImpl(unsigned long long value);
-  TCIMNumericValueImpl(long long value);
-  TCIMNumericValueImpl(float value);
-  TCIMNumericValueImpl(double value);
-  TCIMNumericValueImpl(const TCIMNumericValueImpl& other);
-  virtual ~TCIMNumericValueImpl();
+  TCIMNumericValueImpl(bool value) : fType(TCIMValue::TCIMType::kCIMTypeBoolean) {
+    fValue.boolean = value;
+  }
+  TCIMNumericValueImpl(unsigned char value) : fType(TCIMValue::TCIMType::kCIMTypeUint8) {
+    fValue.uint8 = value;
+  }
+  TCIMNumericValueImpl(signed char value) : fType(TCIMValue::TCIMType::kCIMTypeSint8) {
+    fValue.sint8 = value;
+  }
+  TCIMNumericValueImpl(unsigned short value) : fType(TCIMValue::TCIMType::kCIMTypeUint16) {
+    fValue.uint16 = value;
+  }
+  TCIMNumericValueImpl(short value) : fType(TCIMValue::TCIMType::kCIMTypeSint16) {
+    fValue.sint16 = value;
+  }
+  TCIMNumericValueImpl(unsigned int value) : fType(TCIMValue::TCIMType::kCIMTypeUint32) {
+    fValue.uint32 = value;
+  }
+  TCIMNumericValueImpl(int value) : fType(TCIMValue::TCIMType::kCIMTypeSint32) {
+    fValue.sint32 = value;
+  }
+  TCIMNumericValueImpl(unsigned long long value) : fType(TCIMValue::TCIMType::kCIMTypeUint64) {
+    fValue.uint64 = value;
+  }
+  TCIMNumericValueImpl(long long value) : fType(TCIMValue::TCIMType::kCIMTypeSint64) {
+    fValue.sint64 = value;
+  }
+  TCIMNumericValueImpl(float value) : fType(TCIMValue::TCIMType::kCIMTypeReal32) {
+    fValue.real32 = value;
+  }
+  TCIMNumericValueImpl(double value) : fType(TCIMValue::TCIMType::kCIMTypeReal64) {
+    fValue.real64 = value;
+  }
+  TCIMNumericValueImpl(const TCIMNumericValueImpl& other)
+      : TCIMValueImpl(other), fType(other.fType), fValue(other.fValue) {}
+  virtual ~TCIMNumericValueImpl() {}
 
   virtual operator bool() const;
   virtual operator unsigned char() const;
@@ -48,6 +71,8 @@ class QDACORE_EXPORT TCIMNumericValueImpl : public TCIMValueImpl {
  private:
   // Only the member that the type names is meaningful; all begin at the same byte.
   union UNumber {
+    UNumber() : uint64(0) {}
+
     bool boolean;
     unsigned char uint8;
     signed char sint8;

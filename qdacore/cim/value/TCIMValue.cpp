@@ -8,6 +8,7 @@
 #include <qdacore/cim/value/TCIMNumericValueImpl.h>
 #include <qdacore/cim/value/TCIMReferenceValueImpl.h>
 #include <qdacore/cim/value/TCIMStringValueImpl.h>
+#include <qdacore/cim/value/internal/NewBody.h>
 #include <qdacore/frame/internal/Throw.h>
 #include <qdacore/logging/internal/CoreLog.h>
 
@@ -53,27 +54,30 @@ TCIMValue& TCIMValue::operator=(const TCIMValue& other) {
   return *this;
 }
 
-#define QDACORE_SCALAR(parameter, cimType, Body)                           \
-  TCIMValue::TCIMValue(parameter value)                                    \
-      : fType(TType::cimType), fBody(new Body(value)), fMaxArraySize(0) {} \
-  void TCIMValue::Set(parameter value) { ReplaceBody(TType::cimType, new Body(value)); }
+#define QDACORE_SCALAR(parameter, cimType, newBody)                \
+  TCIMValue::TCIMValue(parameter value)                            \
+      : fType(TType::cimType), fBody(newBody), fMaxArraySize(0) {} \
+  void TCIMValue::Set(parameter value) { ReplaceBody(TType::cimType, newBody); }
+#define QDACORE_NUMBER(parameter, cimType) \
+  QDACORE_SCALAR(parameter, cimType, NewPlainBody<TCIMNumericValueImpl>(value))
 
-QDACORE_SCALAR(bool, kCIMTypeBoolean, TCIMNumericValueImpl)
-QDACORE_SCALAR(unsigned char, kCIMTypeUint8, TCIMNumericValueImpl)
-QDACORE_SCALAR(signed char, kCIMTypeSint8, TCIMNumericValueImpl)
-QDACORE_SCALAR(unsigned short, kCIMTypeUint16, TCIMNumericValueImpl)
-QDACORE_SCALAR(short, kCIMTypeSint16, TCIMNumericValueImpl)
-QDACORE_SCALAR(unsigned int, kCIMTypeUint32, TCIMNumericValueImpl)
-QDACORE_SCALAR(int, kCIMTypeSint32, TCIMNumericValueImpl)
-QDACORE_SCALAR(unsigned long long, kCIMTypeUint64, TCIMNumericValueImpl)
-QDACORE_SCALAR(long long, kCIMTypeSint64, TCIMNumericValueImpl)
-QDACORE_SCALAR(float, kCIMTypeReal32, TCIMNumericValueImpl)
-QDACORE_SCALAR(double, kCIMTypeReal64, TCIMNumericValueImpl)
-QDACORE_SCALAR(const std::string&, kCIMTypeString, TCIMStringValueImpl)
-QDACORE_SCALAR(const char*, kCIMTypeString, TCIMStringValueImpl)
-QDACORE_SCALAR(const TCIMChar16&, kCIMTypeChar16, TCIMChar16ValueImpl)
-QDACORE_SCALAR(const TCIMDateTime&, kCIMTypeDateTime, TCIMDateTimeValueImpl)
+QDACORE_NUMBER(bool, kCIMTypeBoolean)
+QDACORE_NUMBER(unsigned char, kCIMTypeUint8)
+QDACORE_NUMBER(signed char, kCIMTypeSint8)
+QDACORE_NUMBER(unsigned short, kCIMTypeUint16)
+QDACORE_NUMBER(short, kCIMTypeSint16)
+QDACORE_NUMBER(unsigned int, kCIMTypeUint32)
+QDACORE_NUMBER(int, kCIMTypeSint32)
+QDACORE_NUMBER(unsigned long long, kCIMTypeUint64)
+QDACORE_NUMBER(long long, kCIMTypeSint64)
+QDACORE_NUMBER(float, kCIMTypeReal32)
+QDACORE_NUMBER(double, kCIMTypeReal64)
+QDACORE_SCALAR(const std::string&, kCIMTypeString, new TCIMStringValueImpl(value))
+QDACORE_SCALAR(const char*, kCIMTypeString, new TCIMStringValueImpl(value))
+QDACORE_SCALAR(const TCIMChar16&, kCIMTypeChar16, new TCIMChar16ValueImpl(value))
+QDACORE_SCALAR(const TCIMDateTime&, kCIMTypeDateTime, new TCIMDateTimeValueImpl(value))
 
+#undef QDACORE_NUMBER
 #undef QDACORE_SCALAR
 
 // The new body is made before the old one goes, because its source may stand inside that one.

@@ -1,5 +1,8 @@
 #include <qdacore/cim/value/TCIMValueImpl.h>
 
+#include <cstdlib>
+#include <new>
+
 #include <qdacore/cim/value/TCIMChar16.h>
 #include <qdacore/cim/value/TCIMDateTime.h>
 #include <qdacore/cim/value/TCIMReference.h>
@@ -13,9 +16,14 @@ namespace {
 
 }  // namespace
 
-TCIMValueImpl::TCIMValueImpl() {}
-TCIMValueImpl::TCIMValueImpl(const TCIMValueImpl&) {}
-TCIMValueImpl::~TCIMValueImpl() {}
+void* TCIMValueImpl::operator new(std::size_t size) {
+  if (void* const block = std::malloc(size)) {
+    return block;
+  }
+  throw std::bad_alloc();
+}
+
+void TCIMValueImpl::operator delete(void* block) { std::free(block); }
 
 TCIMValueImpl::operator bool() const { NotThisKind(); }
 TCIMValueImpl::operator unsigned char() const { NotThisKind(); }

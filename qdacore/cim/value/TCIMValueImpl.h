@@ -8,6 +8,7 @@
 #ifndef QDACORE_CIM_VALUE_TCIMVALUEIMPL_H
 #define QDACORE_CIM_VALUE_TCIMVALUEIMPL_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -17,9 +18,14 @@ namespace NZRVQDA20 {
 
 class QDACORE_EXPORT TCIMValueImpl {
  public:
-  TCIMValueImpl();
-  TCIMValueImpl(const TCIMValueImpl& other);
-  virtual ~TCIMValueImpl();
+  TCIMValueImpl() {}
+  TCIMValueImpl(const TCIMValueImpl&) {}
+  virtual ~TCIMValueImpl() {}
+
+  // A body is made and released on the library's side of a module border, whoever makes it, and
+  // straight from the C runtime's heap.
+  static void* operator new(std::size_t size);
+  static void operator delete(void* block);
 
   // Each throws kQDAStatusTypeMismatch unless overridden.
   virtual operator bool() const;

@@ -12,6 +12,13 @@ namespace NZRVQDA20 {
 
 class LocalTimeBase {
  public:
+  // Whether the fields lie so far inside the range that no minute, offset or time zone can take
+  // them out of it: true of any ordinary date, at the cost of a few comparisons.
+  static bool IsPlainlyValid(const TCIMDateTimeImpl& fields) {
+    // 65535 hours are less than eight years.
+    return fields.fYear >= 1972 && fields.fYear < 2990 && fields.fMonth <= 12 && fields.fDay <= 31;
+  }
+
   // `minute` stands in for the fields' own minute.
   LocalTimeBase(const TCIMDateTimeImpl& fields, std::int64_t minute);
 
