@@ -12,6 +12,15 @@ function(qdacore_target_defaults target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
     POSITION_INDEPENDENT_CODE ON)
+  if(NOT WIN32)
+    # Nobody overrides a library's functions from outside, so its own calls go straight.
+    target_compile_options(${target} PRIVATE
+      $<$<CXX_COMPILER_ID:GNU,Clang>:-fno-semantic-interposition;-fno-plt>)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "SHARED_LIBRARY")
+      target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
+    endif()
+  endif()
   if(WIN32)
     # The names are the contract: qdacore.dll, not libqdacore.dll.
     set_target_properties(${target} PROPERTIES PREFIX "")

@@ -1,5 +1,7 @@
 #include <qdacore/cim/value/TCIMReference.h>
 
+#include <utility>
+
 #include <qdacore/cim/value/TCIMReferenceImpl.h>
 
 namespace NZRVQDA20 {
@@ -11,7 +13,7 @@ TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> ns,
 TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> ns, const std::string& path,
                              std::map<std::string, TCIMValue> context)
     // Through the constructor above, so that the body is released when the path is refused.
-    : TCIMReference(ns, context) {
+    : TCIMReference(std::move(ns), std::move(context)) {
   SetPath(path);
 }
 
@@ -32,7 +34,7 @@ TCIMReference::~TCIMReference() { delete fBody; }
 
 std::string TCIMReference::GetPath() const { return fBody->GetPath(); }
 
-void TCIMReference::SetPath(const std::string& path) { fBody->SetPath(*this, path); }
+void TCIMReference::SetPath(const std::string& path) { fBody->SetPath(path); }
 
 const std::string& TCIMReference::GetClassName() const { return fBody->ClassName(); }
 
@@ -40,7 +42,7 @@ void TCIMReference::SetClassName(const std::string& name) { fBody->SetClassName(
 
 boost::shared_ptr<ICIMClass> TCIMReference::GetClass() const { return fBody->GetClass(); }
 
-void TCIMReference::SetClass(boost::shared_ptr<ICIMClass> cls) { fBody->SetClass(cls); }
+void TCIMReference::SetClass(boost::shared_ptr<ICIMClass> cls) { fBody->SetClass(std::move(cls)); }
 
 boost::shared_ptr<ICIMNamespace> TCIMReference::GetNamespace() { return fBody->fNamespace.lock(); }
 

@@ -133,6 +133,9 @@ class QDACORE_EXPORT TCIMReference {
   bool operator<(const TCIMReference& other) const;
 
  private:
+  // Fills the reference within a reference.
+  friend class ObjectPathParser;
+
   TCIMReferenceImpl* GetBody() const;
 
   TCIMReferenceImpl* fBody;

@@ -1,6 +1,8 @@
 #include <qdacore/cim/value/TCIMReferenceImpl.h>
 
 #include <cstddef>
+#include <cstring>
+#include <utility>
 
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMInstance.h>
@@ -14,21 +16,55 @@ namespace NZRVQDA20 {
 
 namespace {
 
-void AppendEscaped(std::string& path, const std::string& text) {
-  for (const char character : text) {
-    if (character == '"' || character == '\\') {
-      path += '\\';
+// Text that grows at its end, with room made ahead.
+class PathText {
+ public:
+  explicit PathText(std::size_t room) : fText(room, '\0'), fEnd(0) {}
+
+  void Append(const char* text, std::size_t length) {
+    if (fText.size() - fEnd < length) {
+      fText.resize(fText.size() * 2 + length);
     }
-    path += character;
+    std::memcpy(&fText[fEnd], text, length);
+    fEnd += length;
   }
-}
+
+  void Append(const std::string& text) { Append(text.data(), text.size()); }
+
+  void AppendEscaped(const std::string& text) {
+    if (text.find('"') == std::string::npos && text.find('\\') == std::string::npos) {
+      Append(text);
+      return;
+    }
+    for (const char& character : text) {
+      if (character == '"' || character == '\\') {
+        Append("\\", 1);
+      }
+      Append(&character, 1);
+    }
+  }
+
+  // All but the last character.
+  std::string WithoutLast() {
+    fText.resize(fEnd - 1);
+    return std::move(fText);
+  }
+
+ private:
+  std::string fText;
+  std::size_t fEnd;
+};
+
+// What an ordinary binding takes, with its name, quotes and comma.
+const std::size_t kUsualBinding = 48;
 
 }  // namespace
 
 TCIMReferenceImpl::TCIMReferenceImpl(const TCIMReference* owner,
-                                     const boost::shared_ptr<ICIMNamespace>& ns,
-                                     const TContext& context)
-    : fOwner(owner), fNamespace(ns), fContext(context) {}
+                                     const boost::shared_ptr<ICIMNamespace>& ns, TContext& context)
+    : fOwner(owner), fNamespace(ns) {
+  fContext.swap(context);
+}
 
 TCIMReferenceImpl::TCIMReferenceImpl(const TCIMReference* owner, const TCIMReferenceImpl& other)
     : fOwner(owner),
@@ -42,32 +78,33 @@ TCIMReferenceImpl::TCIMReferenceImpl(const TCIMReference* owner, const TCIMRefer
 TCIMReferenceImpl::~TCIMReferenceImpl() {}
 
 std::string TCIMReferenceImpl::GetPath() const {
-  std::string path = ClassName();
+  const std::string& className = ClassName();
   if (fKeyBindings.empty()) {
-    return path;
+    return className;
   }
-  path += '.';
+  PathText path(className.size() + fKeyBindings.size() * kUsualBinding);
+  path.Append(className);
+  path.Append(".", 1);
   for (const auto& binding : fKeyBindings) {
     const std::string text = binding.second.ToString(10);
-    path += binding.first;
-    path += "=\"";
+    path.Append(binding.first);
+    path.Append("=\"", 2);
     if (binding.second.IsReference()) {
       // A path within a path stands as it is; its quotes nest.
-      path += text;
+      path.Append(text);
     } else {
-      AppendEscaped(path, text);
+      path.AppendEscaped(text);
     }
-    path += "\",";
+    path.Append("\",", 2);
   }
-  path.pop_back();
-  return path;
+  return path.WithoutLast();
 }
 
-void TCIMReferenceImpl::SetPath(TCIMReference& owner, const std::string& path) {
+void TCIMReferenceImpl::SetPath(const std::string& path) {
   if (fNamespace.expired() || fClass || !fKeyBindings.empty()) {
     Throw(TQDAStatusCode::kQDAStatusInvalidOpSequence);
   }
-  ObjectPathParser(path, fNamespace, fContext).Parse(owner);
+  ObjectPathParser(path, fNamespace, fContext).Parse(*this);
 }
 
 const std::string& TCIMReferenceImpl::ClassName() const { return fClass->GetName(TContext()); }
@@ -87,14 +124,28 @@ boost::shared_ptr<ICIMClass> TCIMReferenceImpl::GetClass() const {
   return fClass;
 }
 
-void TCIMReferenceImpl::SetClass(const boost::shared_ptr<ICIMClass>& cls) {
+void TCIMReferenceImpl::SetClass(boost::shared_ptr<ICIMClass> cls) {
   if (!fKeyBindings.empty()) {
     Throw(TQDAStatusCode::kQDAStatusInvalidOpSequence);
   }
-  fClass = cls;
+  fClass.swap(cls);
 }
 
 void TCIMReferenceImpl::AddKeyValue(const std::string& name, const TCIMValue& value) {
+  RequireDeclared(name, value);
+  // A name that is bound already keeps its first value.
+  fKeyBindings.emplace(name, value);
+}
+
+void TCIMReferenceImpl::AddParsedKeyValue(std::string& name, TCIMValue& value) {
+  RequireDeclared(name, value);
+  const auto added = fKeyBindings.try_emplace(std::move(name));
+  if (added.second) {
+    added.first->second.Take(value);
+  }
+}
+
+void TCIMReferenceImpl::RequireDeclared(const std::string& name, const TCIMValue& value) const {
   if (!fClass) {
     Throw(TQDAStatusCode::kQDAStatusInvalidOpSequence);
   }
@@ -107,8 +158,6 @@ void TCIMReferenceImpl::AddKeyValue(const std::string& name, const TCIMValue& va
                     " Value type: " + value.GetType().ToString(),
                 TQDAStatusCode::kQDAStatusTypeMismatch);
   }
-  // A name that is bound already keeps its first value.
-  fKeyBindings.emplace(name, value);
 }
 
 boost::shared_ptr<ICIMElement> TCIMReferenceImpl::GetCIMElement(bool classOnly) {

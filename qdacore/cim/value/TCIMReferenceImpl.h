@@ -19,18 +19,21 @@ class TCIMReferenceImpl {
   typedef std::map<std::string, TCIMValue> TContext;
   typedef std::map<std::string, TCIMValue> TKeyBindings;
 
+  // Takes the context over.
   TCIMReferenceImpl(const TCIMReference* owner, const boost::shared_ptr<ICIMNamespace>& ns,
-                    const TContext& context);
+                    TContext& context);
   TCIMReferenceImpl(const TCIMReference* owner, const TCIMReferenceImpl& other);
   ~TCIMReferenceImpl();
 
   std::string GetPath() const;
-  void SetPath(TCIMReference& owner, const std::string& path);
+  void SetPath(const std::string& path);
   const std::string& ClassName() const;
   void SetClassName(const std::string& name);
   boost::shared_ptr<ICIMClass> GetClass() const;
-  void SetClass(const boost::shared_ptr<ICIMClass>& cls);
+  void SetClass(boost::shared_ptr<ICIMClass> cls);
   void AddKeyValue(const std::string& name, const TCIMValue& value);
+  // The same, taking over name and value in place of copying them.
+  void AddParsedKeyValue(std::string& name, TCIMValue& value);
   boost::shared_ptr<ICIMElement> GetCIMElement(bool classOnly);
   void Clear();
   bool Equals(const TCIMReferenceImpl& other) const;
@@ -46,6 +49,8 @@ class TCIMReferenceImpl {
   std::string fNamespaceName;
 
  private:
+  void RequireDeclared(const std::string& name, const TCIMValue& value) const;
+
   TCIMReferenceImpl(const TCIMReferenceImpl&);
   TCIMReferenceImpl& operator=(const TCIMReferenceImpl&);
 };

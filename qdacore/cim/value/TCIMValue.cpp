@@ -1,6 +1,7 @@
 #include <qdacore/cim/value/TCIMValue.h>
 
 #include <memory>
+#include <utility>
 
 #include <qdacore/cim/value/TCIMArrayValueImpl.h>
 #include <qdacore/cim/value/TCIMChar16ValueImpl.h>
@@ -90,6 +91,13 @@ void TCIMValue::ReplaceBody(TCIMType::ECIMType type, TCIMValueImpl* body) {
 void TCIMValue::DeleteBody() {
   delete fBody;
   fBody = nullptr;
+}
+
+void TCIMValue::Take(TCIMValue& source) {
+  std::swap(fType, source.fType);
+  std::swap(fBody, source.fBody);
+  fReferencedClass.swap(source.fReferencedClass);
+  std::swap(fMaxArraySize, source.fMaxArraySize);
 }
 
 void TCIMValue::Set(TCIMReference& value) {

@@ -260,9 +260,13 @@ class TCIMValue {
  private:
   // Bodies compare with what another handle holds.
   friend class TCIMValueImpl;
+  // Takes over a value that it has just read.
+  friend class TCIMReferenceImpl;
 
   void ReplaceBody(TCIMType::ECIMType type, TCIMValueImpl* body);
   void DeleteBody();
+  // Leaves `source` as this was; this is new and unset.
+  void Take(TCIMValue& source);
   const TCIMValueImpl& BodyOfType(TCIMType::ECIMType type) const;
 
   TCIMType fType;

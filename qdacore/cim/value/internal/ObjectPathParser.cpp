@@ -3,6 +3,7 @@
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/cim/object/ICIMPropertyDecl.h>
+#include <qdacore/cim/value/TCIMReferenceImpl.h>
 #include <qdacore/frame/internal/Throw.h>
 #include <qdacore/logging/internal/CoreLog.h>
 
@@ -27,9 +28,9 @@ ObjectPathParser::ObjectPathParser(const std::string& text,
                                    const TContext& context)
     : fText(text), fNamespace(ns), fContext(context), fPosition(0), fDepth(0) {}
 
-void ObjectPathParser::Parse(TCIMReference& reference) { ParsePath(reference, false); }
+void ObjectPathParser::Parse(TCIMReferenceImpl& body) { ParsePath(body, false); }
 
-void ObjectPathParser::ParsePath(TCIMReference& reference, bool nested) {
+void ObjectPathParser::ParsePath(TCIMReferenceImpl& body, bool nested) {
   if (nested) {
     ++fPosition;  // over the opening quote
   }
@@ -39,7 +40,7 @@ void ObjectPathParser::ParsePath(TCIMReference& reference, bool nested) {
     // lookup: a nested reference must have keys.
     const std::string name = fText.substr(fPosition);
     fPosition = fText.size();
-    reference.SetClassName(name);
+    body.SetClassName(name);
     return;
   }
   std::string name = fText.substr(fPosition, dot - fPosition);
@@ -47,16 +48,15 @@ void ObjectPathParser::ParsePath(TCIMReference& reference, bool nested) {
   if (colon != std::string::npos) {
     name.erase(0, colon + 1);
   }
-  const boost::shared_ptr<ICIMClass> cls = LookUpClass(name);
-  reference.SetClass(cls);
+  body.SetClass(LookUpClass(name));
   fPosition = dot;
   while (!AtEnd() && !(nested && fText[fPosition] == '"')) {
-    ParseBinding(reference, *cls);
+    ParseBinding(body, *body.fClass);
   }
 }
 
-void ObjectPathParser::ParseBinding(TCIMReference& reference, const ICIMClass& cls) {
-  const std::string name = ParsePropertyName();
+void ObjectPathParser::ParseBinding(TCIMReferenceImpl& body, const ICIMClass& cls) {
+  std::string name = ParsePropertyName();
   const boost::shared_ptr<const ICIMPropertyDecl> declaration = LookUpProperty(cls, name);
 
   ++fPosition;  // over the "="
@@ -66,19 +66,28 @@ void ObjectPathParser::ParseBinding(TCIMReference& reference, const ICIMClass& c
                 TQDAStatusCode::kQDAStatusInvalidReference);
   }
   if (declaration->GetDefaultValue(TContext()).IsReference()) {
-    if (++fDepth > kDeepestNesting) {
-      Refuse("Reference nested too deeply, path=" + fText);
-    }
-    TCIMReference target(fNamespace.lock(), fContext);
-    ParsePath(target, true);
-    --fDepth;
-    reference.AddKeyValue(name, TCIMValue(target));
+    TCIMValue value = ParseNestedPath();
+    body.AddParsedKeyValue(name, value);
   } else {
     std::string text = ReadQuotedValue();
-    reference.AddKeyValue(name,
-                          TCIMValue(declaration->GetType(TContext()), text, fNamespace.lock()));
+    const TCIMValue::TCIMType type = declaration->GetType(TContext());
+    // Only a path needs the namespace, and taking a share of it is not free.
+    const bool needsNamespace = type == TCIMValue::TCIMType::kCIMTypeReference;
+    TCIMValue value(type, text,
+                    needsNamespace ? fNamespace.lock() : boost::shared_ptr<ICIMNamespace>());
+    body.AddParsedKeyValue(name, value);
   }
   ++fPosition;  // over the closing quote
+}
+
+TCIMValue ObjectPathParser::ParseNestedPath() {
+  if (++fDepth > kDeepestNesting) {
+    Refuse("Reference nested too deeply, path=" + fText);
+  }
+  TCIMReference target(fNamespace.lock(), fContext);
+  ParsePath(*target.GetBody(), true);
+  --fDepth;
+  return TCIMValue(target);
 }
 
 // Leaves the position on the "=".
@@ -121,27 +130,25 @@ boost::shared_ptr<const ICIMPropertyDecl> ObjectPathParser::LookUpProperty(
 // From the opening quote to the closing one, where the position is left.
 std::string ObjectPathParser::ReadQuotedValue() {
   std::string value;
-  bool escaping = false;
   for (;;) {
-    ++fPosition;
+    // All up to the next mark stands for itself.
+    const std::size_t begin = ++fPosition;
+    while (!AtEnd() && fText[fPosition] != '"' && fText[fPosition] != '\\') {
+      ++fPosition;
+    }
+    value.append(fText, begin, fPosition - begin);
+    if (!AtEnd() && fText[fPosition] == '"') {
+      return value;
+    }
+    ++fPosition;  // over the backslash
     if (AtEnd()) {
       Refuse("Reference missing closing '\"', path=" + fText);
     }
-    const char character = fText[fPosition];
-    if (escaping) {
-      // Before anything else the backslash is a character like any other.
-      if (character != '\\' && character != '"') {
-        value += '\\';
-      }
-      value += character;
-      escaping = false;
-    } else if (character == '\\') {
-      escaping = true;
-    } else if (character == '"') {
-      return value;
-    } else {
-      value += character;
+    // Before anything else the backslash is a character like any other.
+    if (fText[fPosition] != '\\' && fText[fPosition] != '"') {
+      value += '\\';
     }
+    value += fText[fPosition];
   }
 }
 

@@ -15,6 +15,7 @@
 namespace NZRVQDA20 {
 
 class ICIMPropertyDecl;
+class TCIMReferenceImpl;
 
 class ObjectPathParser {
  public:
@@ -22,13 +23,14 @@ class ObjectPathParser {
   ObjectPathParser(const std::string& text, const boost::weak_ptr<ICIMNamespace>& ns,
                    const std::map<std::string, TCIMValue>& context);
 
-  // Fills `reference`, which has neither class nor keys. Throws what TCIMReference::SetPath
-  // does; what was bound by then stays bound.
-  void Parse(TCIMReference& reference);
+  // Fills `body`, which has neither class nor keys. Throws what
+  // TCIMReference::SetPath does; what was bound by then stays bound.
+  void Parse(TCIMReferenceImpl& body);
 
  private:
-  void ParsePath(TCIMReference& reference, bool nested);
-  void ParseBinding(TCIMReference& reference, const ICIMClass& cls);
+  void ParsePath(TCIMReferenceImpl& body, bool nested);
+  void ParseBinding(TCIMReferenceImpl& body, const ICIMClass& cls);
+  TCIMValue ParseNestedPath();
   boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name) const;
   boost::shared_ptr<const ICIMPropertyDecl> LookUpProperty(const ICIMClass& cls,
                                                            const std::string& name) const;
