@@ -14,7 +14,7 @@
 
 namespace NZRVQDA20 {
 
-class TCIMReferenceImpl {
+class QDACORE_EXPORT TCIMReferenceImpl {
  public:
   typedef std::map<std::string, TCIMValue> TContext;
   typedef std::map<std::string, TCIMValue> TKeyBindings;

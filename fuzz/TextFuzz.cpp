@@ -1,0 +1,112 @@
+#include "TextFuzz.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+
+#include <qdacore/cim/object/ICIMClass.h>
+#include <qdacore/cim/object/ICIMPropertyDecl.h>
+#include <qdacore/cim/object/ICIMQualifier.h>
+#include <qdacore/cim/value/TCIMDateTime.h>
+#include <qdacore/cim/value/TCIMReference.h>
+#include <qdacore/frame/TQDAException.h>
+#include <qdamemory/MemoryNamespace.h>
+#include <qdamemory/StandardQualifiers.h>
+
+namespace fuzz_text {
+
+using namespace NZRVQDA20;
+
+namespace {
+
+typedef std::map<std::string, TCIMValue> TContext;
+typedef TCIMValue::TCIMType TType;
+
+void Require(bool holds, const char* promise) {
+  if (!holds) {
+    std::fprintf(stderr, "broken: %s\n", promise);
+    std::abort();
+  }
+}
+
+void AddKey(ICIMNamespace& ns, ICIMClass& cls, const char* name, const TCIMValue& value) {
+  const boost::shared_ptr<ICIMPropertyDecl> declaration =
+      cls.AddPropertyDecl(name, value, TContext());
+  declaration->AddQualifier(ns.GetQualifierDecl("Key", TContext()), TCIMValue(true), TContext())
+      ->Commit(TContext());
+  declaration->Commit(TContext());
+}
+
+// "C" with a key of each scalar type, named after the type, and "R", which may name itself.
+boost::shared_ptr<ICIMNamespace> MakeNamespace() {
+  const boost::shared_ptr<ICIMNamespace> ns = CreateMemoryNamespace("fuzz");
+  DeclareStandardQualifiers(ns);
+  const boost::shared_ptr<ICIMClass> cls =
+      ns->CreateClass("C", boost::shared_ptr<ICIMClass>(), TContext());
+  for (int number = TType::kCIMTypeBoolean; number <= TType::kCIMTypeDateTime; ++number) {
+    const TType type(static_cast<TType::ECIMType>(number));
+    AddKey(*ns, *cls, type.ToString().c_str(), TCIMValue(type, 0));
+  }
+  cls->Commit(TContext());
+  const boost::shared_ptr<ICIMClass> referrer =
+      ns->CreateClass("R", boost::shared_ptr<ICIMClass>(), TContext());
+  for (const char* name : {"one", "two"}) {
+    TCIMValue any(TType(TType::kCIMTypeReference), 0);
+    any.SetReferencedClass(cls);
+    AddKey(*ns, *referrer, name, any);
+  }
+  referrer->Commit(TContext());
+  return ns;
+}
+
+// A reference within a path whose text ends before its closing quote may name a class alone; such
+// a path is written with the quote, and cannot be read back.
+bool HoldsBareClass(const TCIMReference& reference, bool nested) {
+  bool found = false;
+  bool hasKeys = false;
+  const boost::function<bool(std::pair<std::string, TCIMValue>)> visit =
+      [&](const std::pair<std::string, TCIMValue>& binding) {
+        hasKeys = true;
+        found = found || (binding.second.IsReference() && HoldsBareClass(binding.second, true));
+        return true;
+      };
+  reference.EnumerateKeyBindings(visit);
+  return found || (nested && !hasKeys);
+}
+
+}  // namespace
+
+void FuzzDateTime(const std::uint8_t* data, std::size_t size) {
+  try {
+    const TCIMDateTime value(std::string(reinterpret_cast<const char*>(data), size));
+    const std::string text = value.ToString();
+    const TCIMDateTime again(text);
+    Require(again.ToString() == text, "a printed date-time prints the same again");
+    Require(again == value, "a printed date-time reads back to an equal one");
+    static_cast<void>(value.ToUIString());
+    static_cast<void>(value < again);
+    static_cast<void>(value - again);
+  } catch (const TQDAException&) {
+    // Refused, which is fine.
+  }
+}
+
+void FuzzObjectPath(const std::uint8_t* data, std::size_t size) {
+  static const boost::shared_ptr<ICIMNamespace> ns = MakeNamespace();
+  std::string text;
+  try {
+    const TCIMReference value(ns, std::string(reinterpret_cast<const char*>(data), size),
+                              TContext());
+    text = value.GetPath();
+    if (HoldsBareClass(value, false)) {
+      return;
+    }
+  } catch (const TQDAException&) {
+    return;
+  }
+  const TCIMReference again(ns, text, TContext());
+  Require(again.GetPath() == text, "a printed path prints the same again");
+}
+
+}  // namespace fuzz_text
