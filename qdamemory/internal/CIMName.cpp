@@ -14,11 +14,29 @@ namespace {
 // characters, which for a hash is no harm.
 const std::uint64_t kCaseBits = 0x2020202020202020u;
 
+const std::uint64_t kHighBits = 0x8080808080808080u;
+const std::uint64_t kOnes = 0x0101010101010101u;
+
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-bool IsNameStart(unsigned char c) {
-  const unsigned char lower = static_cast<unsigned char>(c | 0x20);
-  return (lower >= 'a' && lower <= 'z') || c == '_' || c >= 0x80;
+// The high bit of each byte of the result tells whether that byte of `low`, all of which are
+// below 128, lies between the two characters.
+std::uint64_t Between(std::uint64_t low, char first, char last) {
+  return (low + kOnes * static_cast<unsigned char>(128 - first)) &
+         ~(low + kOnes * static_cast<unsigned char>(127 - last));
+}
+
+// True when each of the eight characters may stand in a name, not at its beginning.
+bool AreNameCharacters(std::uint64_t word) {
+  const std::uint64_t low = word & ~kHighBits;
+  const std::uint64_t fits = word | Between(low, '0', '9') | Between(low, '_', '_') |
+                             Between(low | kCaseBits, 'a', 'z');
+  return (fits & kHighBits) == kHighBits;
+}
+
+bool IsNameCharacter(unsigned char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
+         c >= 0x80;
 }
 
 }  // namespace
@@ -28,13 +46,15 @@ std::uint32_t HashCIMName(const std::string& name) {
   const std::size_t size = name.size();
   std::uint64_t hash = size;
   if (size < 8) {
-    return static_cast<std::uint32_t>(Mix(hash, LoadShort(text, size) | kCaseBits) >> 32);
+    hash = Mix(hash, LoadShort(text, size) | kCaseBits);
+  } else {
+    for (std::size_t at = 0; at + 8 < size; at += 8) {
+      hash = Mix(hash, LoadWord(text + at) | kCaseBits);
+    }
+    // The last eight bytes, some of them for the second time: no byte loop is needed.
+    hash = Mix(hash, LoadWord(text + size - 8) | kCaseBits);
   }
-  for (std::size_t at = 0; at + 8 < size; at += 8) {
-    hash = Mix(hash, LoadWord(text + at) | kCaseBits);
-  }
-  // The last eight bytes, some of them for the second time: no byte loop is needed.
-  return static_cast<std::uint32_t>(Mix(hash, LoadWord(text + size - 8) | kCaseBits) >> 32);
+  return static_cast<std::uint32_t>(Finish(hash));
 }
 
 bool EqualCIMNames(const std::string& left, const std::string& right) {
@@ -55,16 +75,25 @@ bool EqualCIMNames(const std::string& left, const std::string& right) {
 }
 
 bool IsCIMName(const std::string& name) {
-  if (name.empty() || !IsNameStart(static_cast<unsigned char>(name[0]))) {
+  const char* text = name.data();
+  const std::size_t size = name.size();
+  if (size == 0 || (text[0] >= '0' && text[0] <= '9')) {
     return false;
   }
-  for (std::size_t at = 1; at < name.size(); ++at) {
-    const unsigned char c = static_cast<unsigned char>(name[at]);
-    if (!IsNameStart(c) && !(c >= '0' && c <= '9')) {
+  if (size < 8) {
+    for (std::size_t at = 0; at < size; ++at) {
+      if (!IsNameCharacter(static_cast<unsigned char>(text[at]))) {
+        return false;
+      }
+    }
+    return true;
+  }
+  for (std::size_t at = 0; at + 8 < size; at += 8) {
+    if (!AreNameCharacters(LoadWord(text + at))) {
       return false;
     }
   }
-  return true;
+  return AreNameCharacters(LoadWord(text + size - 8));
 }
 
 void RequireCIMName(const std::string& name) {

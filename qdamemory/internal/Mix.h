@@ -25,12 +25,18 @@ inline std::uint64_t LoadShort(const char* text, std::size_t size) {
   return word;
 }
 
-// Takes one more word into a hash. The multiplier is 2 to the 64th over the golden ratio, odd.
+// 2 to the 64th over the golden ratio, odd.
+const std::uint64_t kMultiplier = 0x9E3779B97F4A7C15u;
+
+// Takes one more word into a hash.
 inline std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) {
-  hash = (hash ^ word) * 0x9E3779B97F4A7C15u;
-  hash ^= hash >> 29;
-  hash *= 0x9E3779B97F4A7C15u;
-  return hash ^ hash >> 32;
+  return (((hash << 5) | (hash >> 59)) ^ word) * kMultiplier;
+}
+
+// Makes every bit of the result depend on all that went in.
+inline std::uint64_t Finish(std::uint64_t hash) {
+  hash = (hash ^ hash >> 32) * kMultiplier;
+  return hash ^ hash >> 29;
 }
 
 }  // namespace NZRVQDA20

@@ -60,15 +60,11 @@ void StoreReferenceArray(TCIMValue& slot, const TCIMValue& value) {
 
 }  // namespace
 
-TType::ECIMType ElementType(const TCIMValue& value) {
-  return static_cast<TType::ECIMType>(value.GetType() & ~TType::kCIMTypeArrayFlag);
-}
-
-void StoreValue(TCIMValue& slot, const TCIMValue& value) {
+void StoreOverValue(TCIMValue& slot, const TCIMValue& value) {
   if (&slot == &value) {
     return;
   }
-  if (ElementType(value) == TType::kCIMTypeReference && !value.IsNull()) {
+  if (HoldsReferences(value) && !value.IsNull()) {
     if (value.IsArray()) {
       StoreReferenceArray(slot, value);
     } else {
@@ -80,11 +76,11 @@ void StoreValue(TCIMValue& slot, const TCIMValue& value) {
   if (!slot.IsNull()) {
     slot.SetNullValue(slot.GetType(), 0);
   }
-  slot = value;
+  slot.Set(value);
 }
 
 void ReleaseReferences(TCIMValue& slot) {
-  if (ElementType(slot) == TType::kCIMTypeReference) {
+  if (HoldsReferences(slot)) {
     slot.SetNullValue(slot.GetType(), slot.GetMaxArraySize());
     slot.SetReferencedClass(boost::shared_ptr<ICIMClass>());
   }
