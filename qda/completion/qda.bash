@@ -1,0 +1,33 @@
+# bash completion for qda. Source it, or install it as
+# share/bash-completion/completions/qda.
+
+_qda() {
+  local current=${COMP_WORDS[COMP_CWORD]}
+  local previous=${COMP_WORDS[COMP_CWORD - 1]}
+  local command= word words=
+  for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+    case $word in
+      identify | providers) command=$word && break ;;
+    esac
+  done
+  case $previous in
+    --smbios-dump | --log)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -f -- "$current")
+      return
+      ;;
+    -o | --output) words="table json" ;;
+    --log-level) words="error warning status debug verbose" ;;
+    --provider) words="machine" ;;
+    *)
+      case $command in
+        identify) words="--provider --smbios-dump --output --log --log-level --help" ;;
+        providers) words="--output --log --log-level --help" ;;
+        *) words="identify providers --help --version" ;;
+      esac
+      ;;
+  esac
+  mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+}
+
+complete -F _qda qda
