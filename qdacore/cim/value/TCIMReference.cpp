@@ -12,8 +12,9 @@ TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> ns,
 
 TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> ns, const std::string& path,
                              std::map<std::string, TCIMValue> context)
-    // Through the constructor above, so that the body is released when the path is refused.
-    : TCIMReference(std::move(ns), std::move(context)) {
+    // Through the constructor above, so that the body is released when the path is refused. The
+    // namespace is not moved: it may be the last share, and the path still needs it.
+    : TCIMReference(ns, std::move(context)) {
   SetPath(path);
 }
 

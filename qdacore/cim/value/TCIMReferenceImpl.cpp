@@ -139,9 +139,11 @@ void TCIMReferenceImpl::AddKeyValue(const std::string& name, const TCIMValue& va
 
 void TCIMReferenceImpl::AddParsedKeyValue(std::string& name, TCIMValue& value) {
   RequireDeclared(name, value);
-  const auto added = fKeyBindings.try_emplace(std::move(name));
-  if (added.second) {
-    added.first->second.Take(value);
+  // Written paths have their names in order, so the end is mostly the right place.
+  const std::size_t before = fKeyBindings.size();
+  const auto binding = fKeyBindings.try_emplace(fKeyBindings.end(), std::move(name));
+  if (fKeyBindings.size() != before) {
+    binding->second.Take(value);
   }
 }
 

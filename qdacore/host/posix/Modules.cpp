@@ -49,6 +49,10 @@ class PosixModules final : public Modules {
   }
 
   Outcome Load(const std::string& path, Module& module) override {
+    // To dlopen an empty name is the program itself.
+    if (path.c_str()[0] == '\0') {
+      return {Situation::kNoFile, kModuleNotFound};
+    }
     // As it stands first, because a folder's name may hold a backslash; then with backslashes
     // taken for separators.
     module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);

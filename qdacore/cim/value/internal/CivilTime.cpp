@@ -7,7 +7,8 @@ namespace {
 // Days of the year before the first of each month, in a year that is no leap year.
 const int kDaysBeforeMonth[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
 
-const std::int64_t kDaysBefore1970 = 719162;
+// From the first day of the year -399, which begins a cycle of 400 years.
+const std::int64_t kDaysBefore1970 = 865259;
 
 bool IsLeapYear(std::int64_t year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
 
@@ -22,9 +23,9 @@ std::int64_t CivilDay(std::int64_t year, std::int64_t month, std::int64_t day) {
     yearsOn -= 1;
   }
   year += yearsOn;
-  // Whole years since the year 1. Years before it do not occur: a year is never negative, and
-  // divisions that truncate are right for the year 0 as well.
-  const std::int64_t before = year - 1;
+  // Whole years since the year -399. Earlier ones do not occur, so that no division truncates the
+  // wrong way.
+  const std::int64_t before = year + 399;
   std::int64_t days = before * 365 + before / 4 - before / 100 + before / 400;
   days += kDaysBeforeMonth[monthsOn];
   if (monthsOn > 1 && IsLeapYear(year)) {
