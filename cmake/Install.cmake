@@ -48,6 +48,9 @@ if(QDACORE_BUILD_HOST)
   install(TARGETS qda RUNTIME DESTINATION ${QDACORE_PROGRAM_DIR})
   install(TARGETS machine LIBRARY DESTINATION ${QDACORE_PROGRAM_DIR})
   if(NOT WIN32)
+    install(FILES ${PROJECT_SOURCE_DIR}/docs/qda.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES ${PROJECT_SOURCE_DIR}/qda/completion/qda.bash
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME qda)
     install(CODE "
       set(bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
       file(MAKE_DIRECTORY \"\${bin}\")

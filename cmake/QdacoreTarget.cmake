@@ -15,7 +15,9 @@ function(qdacore_target_defaults target)
   if(NOT WIN32)
     # Nobody overrides a library's functions from outside, so its own calls go straight.
     target_compile_options(${target} PRIVATE
-      $<$<CXX_COMPILER_ID:GNU,Clang>:-fno-semantic-interposition;-fno-plt>)
+      $<$<CXX_COMPILER_ID:GNU,Clang>:-fno-semantic-interposition;-fno-plt>
+      # A unique symbol would keep a library from ever being unloaded.
+      $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "SHARED_LIBRARY")
       target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)

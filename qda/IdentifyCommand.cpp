@@ -52,8 +52,8 @@ void LoadModules() {
   }
   if (modules.empty()) {
     Complain(
-        fmt::format("no provider module (*.nsp.dll) stands in \"{}\"; a module must stand "
-                    "beside the program",
+        fmt::format("no provider module (*.nsp.dll) stands in \"{}\" (kQDAStatusNotFound); a "
+                    "module must stand beside the program",
                     TOSSpecific::GetQDARootPath()));
   }
 }
@@ -65,7 +65,10 @@ shared_ptr<INamespaceSource> FindSource(const std::string& name) {
         TRootObject::GetNamespaceProviderManager()->GetNamespaceProvider(name);
     source = boost::dynamic_pointer_cast<INamespaceSource>(provider);
     if (!source) {
-      Complain(fmt::format("provider \"{}\": it serves no namespace that a host can read", name));
+      Complain(
+          fmt::format("provider \"{}\": it serves no namespace that a host can read "
+                      "(kQDAStatusNotSupported)",
+                      name));
     }
   } catch (const TQDAException& failure) {
     const std::vector<std::string> registered = RegisteredProviders();
@@ -85,7 +88,8 @@ shared_ptr<ICIMNamespace> ReadNamespace(INamespaceSource& source, const Options&
   try {
     ns = source.GetNamespace(std::map<std::string, TCIMValue>());
     if (!ns) {
-      Complain(fmt::format("provider \"{}\": it gives no namespace", options.provider));
+      Complain(fmt::format("provider \"{}\": it gives no namespace (kQDAStatusNotFound)",
+                           options.provider));
     }
   } catch (const TQDAException& failure) {
     Complain(fmt::format("provider \"{}\": it gives no namespace ({}){}", options.provider,
@@ -121,7 +125,8 @@ bool CheckFact(const char* asked, const Fact<T>& fact) {
   if (fact.value || fact.IsUnknown()) {
     return true;
   }
-  Complain(fmt::format("{}: {}", asked, TQDAStatusCode(fact.status).TranslateStatusCode()));
+  Complain(fmt::format("{}: what the provider serves cannot be read ({})", asked,
+                       TQDAStatusCode(fact.status).TranslateStatusCode()));
   return false;
 }
 

@@ -3,7 +3,11 @@
 // may have static data that needs building. No service is made here: the logger and the
 // registry come into being when a host asks for them.
 
+// First, because it starts the runtime's own streams: before all of the below, and it ends behind.
+#include <iostream>
+
 #include <qdacore/frame/TQDAStatusCode.h>
+#include <qdacore/frame/internal/StandardError.h>
 #include <qdacore/identity/TCIMSchemaHelper.h>
 #include <qdacore/logging/internal/CoreLog.h>
 #include <qdacore/os/TOSSpecific.h>
@@ -38,5 +42,7 @@ const std::string TOSSpecific::libx86IntrAddrFile = "intr_address.tmp";
 
 // Empty; only its release at the end is arranged here, so that it comes first of all.
 boost::shared_ptr<TNamespaceProviderManager> TNamespaceProviderManager::fgInstance;
+
+std::ostream& StandardError() { return std::cerr; }
 
 }  // namespace NZRVQDA20

@@ -86,9 +86,8 @@ TCIMValue DefaultOf(EKind kind) {
     case kTrue:
       return TCIMValue(true);
     case kStringArray:
-      return TCIMValue(static_cast<TType::ECIMType>(TType::kCIMTypeString |
-                                                    TType::kCIMTypeArrayFlag),
-                       0);
+      return TCIMValue(
+          static_cast<TType::ECIMType>(TType::kCIMTypeString | TType::kCIMTypeArrayFlag), 0);
     case kUint32:
       return TCIMValue(TType::kCIMTypeUint32, 0);
     case kUint32Zero:

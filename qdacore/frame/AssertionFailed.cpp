@@ -1,11 +1,12 @@
 #include <qdacore/frame/AssertionFailed.h>
 
 #include <cstdlib>
-#include <iostream>
+#include <ostream>
 #include <sstream>
 #include <string>
 
 #include <qdacore/frame/TBoostAssertException.h>
+#include <qdacore/frame/internal/StandardError.h>
 #include <qdacore/frame/internal/Throw.h>
 
 namespace {
@@ -37,16 +38,16 @@ void assertion_failed(char const* expr, char const* function, char const* file, 
   if (policy == "trap") {
     // Nothing is forced here, in spite of the notice: returning lets the failed
     // site make its own fault. Meant so.
-    std::cerr << std::endl << message << std::endl << std::endl;
-    std::cerr << "Forcing segmentation fault." << std::endl << std::endl;
+    StandardError() << std::endl << message << std::endl << std::endl;
+    StandardError() << "Forcing segmentation fault." << std::endl << std::endl;
     return;
   }
   if (policy == "exit") {
-    std::cerr << std::endl << message << std::endl;
+    StandardError() << std::endl << message << std::endl;
     std::exit(1);
   }
-  std::cerr << "Invalid setting for QDA_BOOST_ASSERT '" << policy
-            << "'. Valid values are {throwqda, throwboost, trap, exit}." << std::endl;
+  StandardError() << "Invalid setting for QDA_BOOST_ASSERT '" << policy
+                  << "'. Valid values are {throwqda, throwboost, trap, exit}." << std::endl;
   Throw(TQDAStatusCode::kQDAStatusFail);
 }
 

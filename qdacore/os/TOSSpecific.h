@@ -40,8 +40,9 @@ class TOSSpecific {
   QDACORE_EXPORT static void OutputLogString(std::string text);
 
   // Writes one event of the source "VXTP" to the system's event log; on Linux to syslog under
-  // that ident. Errors and warnings keep their kind, all else is information. Where there is
-  // no event log it is dropped; never fails.
+  // that ident, after which a host that logs there itself must call openlog again. Errors and
+  // warnings keep their kind, all else is information. Where there is no event log it is dropped;
+  // never fails.
   QDACORE_EXPORT static void LogSELEvent(const char* text, ILogger::EQDALogSeverity severity,
                                          int eventId);
 

@@ -1,5 +1,7 @@
 // Finding and loading plug-in modules.
 
+#include <optional>
+
 #include <qdacore/frame/internal/Throw.h>
 #include <qdacore/host/Files.h>
 #include <qdacore/host/Modules.h>
@@ -16,6 +18,9 @@ const char kProviderKind[] = "nsp";
 const char kConsumerKind[] = "nsc";
 const char kFactorySuffix[] = "_CreateINamespaceConsumer";
 const std::size_t kServiceEndingLength = 8;  // ".nsp.dll"
+
+// What every loader gives for a name that no file can have.
+const unsigned long kModuleNotFound = 126;
 
 // A search that is closed again whichever way the scope is left.
 class DirectorySearch {
@@ -44,6 +49,25 @@ class DirectorySearch {
 
 std::string Join(const std::string& directory, const std::string& name) {
   return directory + host::PathSeparator() + name;
+}
+
+// A name that holds a NUL would be cut there, and another file loaded.
+host::Outcome LoadModule(const std::string& path, host::Modules::Module& module) {
+  if (path.find('\0') != std::string::npos) {
+    return {host::Situation::kNoFile, kModuleNotFound};
+  }
+  return host::HostModules().Load(path, module);
+}
+
+// Both separators are accepted in a path that a caller gives. One that is there as it stands is
+// taken so, because a folder's name may hold the other one.
+template <class Attempt>
+host::Outcome TryBothSeparators(const std::string& path, Attempt attempt) {
+  const host::Outcome outcome = attempt(path);
+  const bool isMissing = outcome.situation == host::Situation::kNoFile ||
+                         outcome.situation == host::Situation::kNoPath;
+  const std::string other = host::FromCaller(path);
+  return isMissing && other != path ? attempt(other) : outcome;
 }
 
 std::string ServiceModulePath(const std::string& name, const char* kind) {
@@ -118,10 +142,16 @@ std::vector<std::string> TOSSpecific::FindPlugins(std::string directory) {
 }
 
 std::vector<std::string> TOSSpecific::FindPlugins(std::string directory, std::string extension) {
-  const std::string root = host::FromCaller(directory);
   const std::string pattern = "*." + extension + kDynamicModuleExtension;
   std::vector<std::string> paths;
-  DirectorySearch folders(root, "*");
+  std::string root = directory;
+  std::optional<DirectorySearch> search;
+  TryBothSeparators(directory, [&](const std::string& attempted) {
+    root = attempted;
+    search.emplace(attempted, "*");
+    return search->Opening();
+  });
+  DirectorySearch& folders = *search;
   if (!folders.Opening().Done()) {
     FileSystemError();
   }
@@ -135,8 +165,11 @@ std::vector<std::string> TOSSpecific::FindPlugins(std::string directory, std::st
 }
 
 void TOSSpecific::LoadPluginLibrary(std::string path) {
-  host::Modules::Module module = nullptr;
-  if (!host::HostModules().Load(path, module).Done()) {
+  const host::Outcome outcome = TryBothSeparators(path, [](const std::string& attempted) {
+    host::Modules::Module module = nullptr;
+    return LoadModule(attempted, module);
+  });
+  if (!outcome.Done()) {
     FileSystemError();
   }
   // The handle is dropped: the module stays loaded for the life of the process.
@@ -144,8 +177,7 @@ void TOSSpecific::LoadPluginLibrary(std::string path) {
 
 void TOSSpecific::LoadNSPLibrary(std::string name) {
   host::Modules::Module module = nullptr;
-  const host::Outcome outcome =
-      host::HostModules().Load(ServiceModulePath(name, kProviderKind), module);
+  const host::Outcome outcome = LoadModule(ServiceModulePath(name, kProviderKind), module);
   if (!outcome.Done()) {
     LogAndThrow(ILogger::kLogError,
                 "Couldn't load NSP: " + name + " error: " + std::to_string(outcome.number),
@@ -156,7 +188,7 @@ void TOSSpecific::LoadNSPLibrary(std::string name) {
 INamespaceConsumer* TOSSpecific::LoadNSCLibrary(std::string name) {
   const std::string path = ServiceModulePath(name, kConsumerKind);
   host::Modules::Module module = nullptr;
-  if (!host::HostModules().Load(path, module).Done()) {
+  if (!LoadModule(path, module).Done()) {
     // No error number here, unlike its sibling above.
     LogAndThrow(ILogger::kLogError, "Couldn't load NSC: " + name,
                 TQDAStatusCode::kQDAStatusFileSystemError);

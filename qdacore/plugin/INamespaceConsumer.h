@@ -3,7 +3,8 @@
 //
 //   extern "C" NZRVQDA20::INamespaceConsumer* NAME_CreateINamespaceConsumer();
 //
-// TOSSpecific::LoadNSCLibrary calls it and hands the object to its caller, who deletes it.
+// TOSSpecific::LoadNSCLibrary calls it and hands the object to its caller, who deletes it. The
+// function must not throw; a null pointer says that there is no object.
 
 #ifndef QDACORE_PLUGIN_INAMESPACECONSUMER_H
 #define QDACORE_PLUGIN_INAMESPACECONSUMER_H

@@ -1,12 +1,17 @@
 // INamespaceProvider: a plug-in object that serves a CIM namespace. The registry asks it for
 // its name and nothing else; a provider that a host can read implements INamespaceSource.
 //
-// A provider module registers its provider while it is loaded, and does nothing else then:
+// A provider module registers its provider while it is loaded, and does nothing else then. No
+// exception may leave its start-up, for the loader cannot pass it on:
 //
 //   struct Registration {
 //     Registration() {
-//       TRootObject::GetNamespaceProviderManager()->RegisterNamespaceProvider(
-//           boost::shared_ptr<INamespaceProvider>(new DiskProvider));
+//       try {
+//         TRootObject::GetNamespaceProviderManager()->RegisterNamespaceProvider(
+//             boost::shared_ptr<INamespaceProvider>(new DiskProvider));
+//       } catch (...) {
+//         // Not registered: a host that looks for it learns that it is not there.
+//       }
 //     }
 //   } registration;
 

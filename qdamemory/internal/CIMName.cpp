@@ -29,8 +29,8 @@ std::uint64_t Between(std::uint64_t low, char first, char last) {
 // True when each of the eight characters may stand in a name, not at its beginning.
 bool AreNameCharacters(std::uint64_t word) {
   const std::uint64_t low = word & ~kHighBits;
-  const std::uint64_t fits = word | Between(low, '0', '9') | Between(low, '_', '_') |
-                             Between(low | kCaseBits, 'a', 'z');
+  const std::uint64_t fits =
+      word | Between(low, '0', '9') | Between(low, '_', '_') | Between(low | kCaseBits, 'a', 'z');
   return (fits & kHighBits) == kHighBits;
 }
 

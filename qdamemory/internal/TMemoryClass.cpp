@@ -74,8 +74,7 @@ void TMemoryClass::Commit(TContext) {
 const std::string& TMemoryClass::GetName(TContext) const { return fName; }
 
 boost::shared_ptr<ICIMNamespace> TMemoryClass::GetNamespace(TContext) const {
-  return fNamespace == 0 ? boost::shared_ptr<ICIMNamespace>()
-                         : fNamespace->weak_from_this().lock();
+  return fNamespace == 0 ? boost::shared_ptr<ICIMNamespace>() : fNamespace->weak_from_this().lock();
 }
 
 bool TMemoryClass::IsAssociation(TContext) const { return fIsAssociation; }
@@ -86,8 +85,8 @@ bool TMemoryClass::IsRootClass(TContext) const { return !fSuper; }
 
 boost::shared_ptr<ICIMClass> TMemoryClass::GetSuperClass(TContext) const { return fSuper; }
 
-void TMemoryClass::EnumerateSubClasses(
-    boost::function<bool(boost::shared_ptr<ICIMClass>)>& visit, bool deep, TContext) const {
+void TMemoryClass::EnumerateSubClasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& visit,
+                                       bool deep, TContext) const {
   if (fNamespace == 0) {
     return;
   }

@@ -70,8 +70,7 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
                                                                     TContext context) const;
   virtual void EnumeratePropertyDecls(
       boost::function<bool(boost::shared_ptr<ICIMPropertyDecl>)>& visit, TContext context) const;
-  virtual void SetStaticProperty(const std::string& name, const TCIMValue& value,
-                                 TContext context);
+  virtual void SetStaticProperty(const std::string& name, const TCIMValue& value, TContext context);
   virtual void EnumerateStaticProperties(
       boost::function<bool(boost::shared_ptr<ICIMProperty>)>& visit, TContext context) const;
   virtual boost::shared_ptr<ICIMInstance> CreateInstance(TContext context);
@@ -80,8 +79,8 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
   virtual boost::shared_ptr<ICIMMethodDecl> AddMethodDecl(const std::string& name,
                                                           TCIMValue::TCIMType returnType,
                                                           TContext context);
-  virtual void EnumerateMethodDecls(
-      boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)>& visit, TContext context) const;
+  virtual void EnumerateMethodDecls(boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)>& visit,
+                                    TContext context) const;
   virtual void AddInstance(boost::shared_ptr<ICIMInstance> instance);
 
   const std::string& Name() const { return fName; }
@@ -138,6 +137,7 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
   bool DerivesFrom(const TMemoryClass* other) const;
   const TMemoryMethodDecl* FindMethod(const std::string& name) const;
   void SettleKeys();
+  void MakeInstanceProperties();
   bool VisitInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& visit,
                       std::uint64_t lastSerial) const;
 

@@ -15,7 +15,8 @@ namespace {
 
 void RequirePropertyType(const TCIMValue& value) {
   const TCIMValue::TCIMType::ECIMType type = ElementType(value);
-  if (type < TCIMValue::TCIMType::kCIMTypeBoolean || type > TCIMValue::TCIMType::kCIMTypeReference) {
+  if (type < TCIMValue::TCIMType::kCIMTypeBoolean ||
+      type > TCIMValue::TCIMType::kCIMTypeReference) {
     Fail(TQDAStatusCode::kQDAStatusTypeMismatch);
   }
 }
@@ -36,9 +37,8 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::AddPropertyDecl(const std::str
   if (overridden != 0 && overridden->Type() != defaultValue.GetType()) {
     Fail(TQDAStatusCode::kQDAStatusTypeMismatch);
   }
-  TMemoryPropertyDecl* decl =
-      fProperties.Add(*this, name, hash, defaultValue, overridden,
-                      overridden == 0 ? fSlotCount : overridden->Slot());
+  TMemoryPropertyDecl* decl = fProperties.Add(*this, name, hash, defaultValue, overridden,
+                                              overridden == 0 ? fSlotCount : overridden->Slot());
   if (overridden == 0) {
     ++fSlotCount;
   }

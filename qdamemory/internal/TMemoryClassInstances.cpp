@@ -50,9 +50,18 @@ const TNameTable<TMemoryPropertyDecl>& TMemoryClass::InstanceProperties() {
   if (fInstanceProperties) {
     return *fInstanceProperties;
   }
-  if (fProperties.Size() == 0 && fSuper) {
-    return fSuper->InstanceProperties();
+  // A class that declares nothing has what its superclass has.
+  TMemoryClass* owner = this;
+  while (owner->fProperties.Size() == 0 && owner->fSuper) {
+    owner = owner->fSuper.get();
   }
+  if (!owner->fInstanceProperties) {
+    owner->MakeInstanceProperties();
+  }
+  return *owner->fInstanceProperties;
+}
+
+void TMemoryClass::MakeInstanceProperties() {
   std::vector<const TMemoryClass*> path;
   for (const TMemoryClass* cls = this; cls != 0; cls = cls->fSuper.get()) {
     path.push_back(cls);
@@ -70,7 +79,6 @@ const TNameTable<TMemoryPropertyDecl>& TMemoryClass::InstanceProperties() {
   }
   all->Shrink();
   fInstanceProperties = std::move(all);
-  return *fInstanceProperties;
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::CreateInstance(TContext) {
@@ -109,8 +117,8 @@ void TMemoryClass::AddInstance(boost::shared_ptr<ICIMInstance> instance) {
   own->SetSerial(fNamespace->TakeInstanceSerial());
 }
 
-void TMemoryClass::EnumerateInstances(
-    boost::function<bool(boost::shared_ptr<ICIMInstance>)>& visit, bool deep, TContext) const {
+void TMemoryClass::EnumerateInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& visit,
+                                      bool deep, TContext) const {
   if (fNamespace == 0) {
     return;
   }

@@ -10,8 +10,7 @@
 namespace NZRVQDA20 {
 
 TMemoryMethodDecl::TMemoryMethodDecl(TMemoryClass& cls, const std::string& name,
-                                     TCIMValue::TCIMType type,
-                                     const TMemoryMethodDecl* overridden)
+                                     TCIMValue::TCIMType type, const TMemoryMethodDecl* overridden)
     : fClass(cls),
       fName(name),
       fType(type),

@@ -28,8 +28,9 @@ TMemoryNamespace::~TMemoryNamespace() {
   }
 }
 
-boost::shared_ptr<ICIMClass> TMemoryNamespace::CreateClass(
-    const std::string& name, boost::shared_ptr<ICIMClass> superclass, TContext) {
+boost::shared_ptr<ICIMClass> TMemoryNamespace::CreateClass(const std::string& name,
+                                                           boost::shared_ptr<ICIMClass> superclass,
+                                                           TContext) {
   RequireCIMName(name);
   const std::uint32_t hash = HashCIMName(name);
   if (fTable.Find(name, hash) != 0) {
@@ -58,8 +59,7 @@ boost::shared_ptr<TMemoryClass> TMemoryNamespace::OwnSuperClass(
   if (!superclass) {
     return boost::shared_ptr<TMemoryClass>();
   }
-  const boost::shared_ptr<TMemoryClass> own =
-      boost::dynamic_pointer_cast<TMemoryClass>(superclass);
+  const boost::shared_ptr<TMemoryClass> own = boost::dynamic_pointer_cast<TMemoryClass>(superclass);
   if (!own || own->Namespace() != this) {
     Fail(TQDAStatusCode::kQDAStatusInvalidClass);
   }
@@ -77,8 +77,8 @@ boost::shared_ptr<ICIMClass> TMemoryNamespace::GetClass(const std::string& name,
   return fClasses[position];
 }
 
-void TMemoryNamespace::EnumerateClasses(
-    boost::function<bool(boost::shared_ptr<ICIMClass>)>& visit, TContext) const {
+void TMemoryNamespace::EnumerateClasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& visit,
+                                        TContext) const {
   const boost::shared_ptr<const TMemoryNamespace> guard = shared_from_this();
   const std::size_t end = fClasses.size();
   for (TMemoryClass* at = fFirstRoot; at != 0 && at->Number() < end; at = at->NextSibling()) {

@@ -4,7 +4,6 @@
 #ifndef QDAMEMORY_INTERNAL_TMEMORYSTATICPROPERTY_H
 #define QDAMEMORY_INTERNAL_TMEMORYSTATICPROPERTY_H
 
-#include <memory>
 #include <string>
 
 #include <boost/shared_ptr.hpp>

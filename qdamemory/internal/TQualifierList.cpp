@@ -63,14 +63,12 @@ const TQualifierList::TNode* TQualifierList::Find(const std::string& name) const
   return 0;
 }
 
-boost::shared_ptr<ICIMQualifier> TQualifierList::Share(const TMemoryClass& cls,
-                                                       const TNode* node) {
+boost::shared_ptr<ICIMQualifier> TQualifierList::Share(const TMemoryClass& cls, const TNode* node) {
   return boost::make_shared<TMemoryQualifier>(cls.shared_from_this(), node);
 }
 
 void TQualifierList::Enumerate(
-    const TMemoryClass& cls,
-    boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& visit) const {
+    const TMemoryClass& cls, boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& visit) const {
   const boost::shared_ptr<const TMemoryClass> guard = cls.shared_from_this();
   const TNode* last = fFirst;
   while (last != 0 && last->next != 0) {

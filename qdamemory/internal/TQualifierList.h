@@ -36,8 +36,8 @@ class TQualifierList {
   //   kQDAStatusTypeMismatch       the value is not of the declared type
   //   kQDAStatusAlreadyExists      the element itself has one of that name
   //   kQDAStatusNotOverridable     what is inherited has another value and must keep it
-  const TNode* Add(const TMemoryClass& cls,
-                   const boost::shared_ptr<ICIMQualifierDecl>& declaration, const TCIMValue& value);
+  const TNode* Add(const TMemoryClass& cls, const boost::shared_ptr<ICIMQualifierDecl>& declaration,
+                   const TCIMValue& value);
 
   // The qualifier that the element has or inherits; null when there is none.
   const TNode* Find(const std::string& name) const;

@@ -1,5 +1,8 @@
 // The library's static data between two marks, and a look at it from outside.
 
+// Before the first mark: the runtime's own streams are no datum of the library.
+#include <iostream>
+
 #include <tests/frame/StaticOrderProbe.h>
 
 namespace {

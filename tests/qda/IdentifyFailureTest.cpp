@@ -146,7 +146,7 @@ TEST(IdentifyFailure, WithoutAnyModuleTheFolderIsNamed) {
   EXPECT_EQ(1, run.exitCode);
   EXPECT_EQ("", run.output);
   EXPECT_EQ("qda: no provider module (*.nsp.dll) stands in \"" + installation.Path() +
-                "\"; a module must stand beside the program\n"
+                "\" (kQDAStatusNotFound); a module must stand beside the program\n"
                 "qda: provider \"machine\": none of that name is registered (kQDAStatusNotFound); "
                 "registered: none; see \"qda providers\"\n",
             run.error);
@@ -185,17 +185,21 @@ TEST_P(OddProvider, IsToldAsAFailure) {
 INSTANTIATE_TEST_SUITE_P(
     Each, OddProvider,
     testing::Values(
-        OddRow{"mute", "qda: provider \"mute\": it serves no namespace that a host can read\n"},
-        OddRow{"null", "qda: provider \"null\": it gives no namespace\n"},
+        OddRow{"mute",
+               "qda: provider \"mute\": it serves no namespace that a host can read "
+               "(kQDAStatusNotSupported)\n"},
+        OddRow{"null", "qda: provider \"null\": it gives no namespace (kQDAStatusNotFound)\n"},
         OddRow{
             "refusing",
             "qda: provider \"refusing\": it gives no namespace (kQDAStatusCimomConnectFailure)\n"},
         OddRow{"empty",
                "qda: machine type and model: product name is unknown (kQDAStatusNotFound); a dump "
                "of another machine can be read with --smbios-dump FILE\n"},
-        OddRow{"mistyped",
-               "qda: serial number: kQDAStatusTypeMismatch\n"
-               "qda: operating system type: kQDAStatusTypeMismatch\n"}));
+        OddRow{
+            "mistyped",
+            "qda: serial number: what the provider serves cannot be read (kQDAStatusTypeMismatch)\n"
+            "qda: operating system type: what the provider serves cannot be read "
+            "(kQDAStatusTypeMismatch)\n"}));
 
 TEST(IdentifyFailure, FactsOfTheWrongTypeLeaveTheOthersTold) {
   const Installation installation;

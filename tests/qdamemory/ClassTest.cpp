@@ -47,15 +47,13 @@ TEST(MemoryClass, IsClosedByCommit) {
   cls->Commit(None());
   const boost::shared_ptr<ICIMQualifierDecl> key = ns->GetQualifierDecl("Key", None());
   EXPECT_STATUS(kQDAStatusInvalidOpSequence, Add(cls, "R", TCIMValue(1)));
-  EXPECT_STATUS(kQDAStatusInvalidOpSequence,
-                cls->AddMethodDecl("N", Type::kCIMTypeUint32, None()));
+  EXPECT_STATUS(kQDAStatusInvalidOpSequence, cls->AddMethodDecl("N", Type::kCIMTypeUint32, None()));
   EXPECT_STATUS(kQDAStatusInvalidOpSequence, cls->AddQualifier(key, TCIMValue(true), None()));
   EXPECT_STATUS(kQDAStatusInvalidOpSequence, property->AddQualifier(key, TCIMValue(true), None()));
   EXPECT_STATUS(kQDAStatusInvalidOpSequence, method->AddQualifier(key, TCIMValue(true), None()));
   EXPECT_STATUS(kQDAStatusInvalidOpSequence,
                 method->AddParameterDecl("S", Type::kCIMTypeUint32, None()));
-  EXPECT_STATUS(kQDAStatusInvalidOpSequence,
-                parameter->AddQualifier(key, TCIMValue(true), None()));
+  EXPECT_STATUS(kQDAStatusInvalidOpSequence, parameter->AddQualifier(key, TCIMValue(true), None()));
 }
 
 TEST(MemoryClass, AbstractIsNotInherited) {

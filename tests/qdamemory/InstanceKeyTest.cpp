@@ -53,7 +53,8 @@ TEST(MemoryInstanceKey, AllOfSeveralCount) {
     const Instance instance = Create(cls, "A", TCIMValue(pair[0]));
     instance->SetProperty("B", TCIMValue(pair[1]), None());
     cls->AddInstance(instance);
-    EXPECT_EQ(instance, Resolve(ns, std::string("Cls.A=\"") + pair[0] + "\",B=\"" + pair[1] + "\""));
+    EXPECT_EQ(instance,
+              Resolve(ns, std::string("Cls.A=\"") + pair[0] + "\",B=\"" + pair[1] + "\""));
   }
   const Instance again = Create(cls, "A", TCIMValue("y"));
   again->SetProperty("B", TCIMValue("x"), None());

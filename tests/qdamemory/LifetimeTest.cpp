@@ -85,14 +85,12 @@ TEST(MemoryLifetime, ClassOutlivesItsNamespaceHarmlessly) {
   EXPECT_THAT(InstancesOf(cls, true), IsEmpty());
   EXPECT_THAT(SubClassesOf(cls, true), IsEmpty());
   EXPECT_EQ("ID", cls->GetPropertyDecl("id", None())->GetName(None()));
-  EXPECT_EQ("Description", cls->GetQualifier("Description", None())
-                               ->GetQualifierDecl(None())
-                               ->GetName(None()));
+  EXPECT_EQ("Description",
+            cls->GetQualifier("Description", None())->GetQualifierDecl(None())->GetName(None()));
 
   EXPECT_STATUS(kQDAStatusInvalidOpSequence, cls->CreateInstance(None()));
   EXPECT_STATUS(kQDAStatusInvalidOpSequence, cls->AddInstance(unpublished));
-  EXPECT_STATUS(kQDAStatusInvalidOpSequence,
-                cls->SetStaticProperty("ID", TCIMValue("x"), None()));
+  EXPECT_STATUS(kQDAStatusInvalidOpSequence, cls->SetStaticProperty("ID", TCIMValue("x"), None()));
   EXPECT_STATUS(kQDAStatusInvalidOpSequence, Add(open, "Q", TCIMValue(1)));
   EXPECT_STATUS(kQDAStatusInvalidOpSequence,
                 open->AddMethodDecl("M", Type::kCIMTypeUint32, None()));

@@ -32,8 +32,7 @@ TEST(MemoryMethodDecl, TakenNamesAlreadyExist) {
   const Class cls = Open(ns, "Cls");
   const Method method = cls->AddMethodDecl("Start", Type::kCIMTypeUint32, None());
   method->AddParameterDecl("When", Type::kCIMTypeUint32, None());
-  EXPECT_STATUS(kQDAStatusAlreadyExists,
-                cls->AddMethodDecl("START", Type::kCIMTypeUint32, None()));
+  EXPECT_STATUS(kQDAStatusAlreadyExists, cls->AddMethodDecl("START", Type::kCIMTypeUint32, None()));
   EXPECT_STATUS(kQDAStatusAlreadyExists,
                 method->AddParameterDecl("when", Type::kCIMTypeString, None()));
   // Methods, properties and parameters have names of their own.
@@ -48,8 +47,7 @@ TEST(MemoryMethodDecl, OverridingNeedsTheSameResult) {
   base->AddMethodDecl("Start", Type::kCIMTypeUint32, None());
   base->Commit(None());
   const Class sub = Open(ns, "Sub", Make(ns, "Mid", base));
-  EXPECT_STATUS(kQDAStatusTypeMismatch,
-                sub->AddMethodDecl("start", Type::kCIMTypeSint32, None()));
+  EXPECT_STATUS(kQDAStatusTypeMismatch, sub->AddMethodDecl("start", Type::kCIMTypeSint32, None()));
   sub->AddMethodDecl("start", Type::kCIMTypeUint32, None());
   EXPECT_THAT(MethodsOf(base), ElementsAre("Start"));
   EXPECT_THAT(MethodsOf(sub), ElementsAre("start"));

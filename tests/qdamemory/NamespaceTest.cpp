@@ -52,10 +52,16 @@ TEST(MemoryNamespace, FindsAClassWithoutCaseAndKeepsItsSpelling) {
 
 TEST(MemoryNamespace, CaseIsThatOfAsciiLettersOnly) {
   const Namespace ns = MakeNamespace();
-  const Class lower = Make(ns, "Gr\xc3\xb6\xc3\x9f" "e");
-  const Class upper = Make(ns, "Gr\xc3\x96\xc3\x9f" "e");
+  const Class lower = Make(ns,
+                           "Gr\xc3\xb6\xc3\x9f"
+                           "e");
+  const Class upper = Make(ns,
+                           "Gr\xc3\x96\xc3\x9f"
+                           "e");
   EXPECT_NE(lower, upper);
-  EXPECT_EQ(lower, ns->GetClass("gR\xc3\xb6\xc3\x9f" "E", None()));
+  EXPECT_EQ(lower, ns->GetClass("gR\xc3\xb6\xc3\x9f"
+                                "E",
+                                None()));
   // Characters whose codes differ in the bit that tells the case of letters.
   Make(ns, "A_");
   EXPECT_STATUS(kQDAStatusNotFound, ns->GetClass("A\x7f", None()));
@@ -99,6 +105,7 @@ const NameRow kNames[] = {
     {"point", "A.B", false},
     {"colon", "ns:Class", false},
     {"hyphen in a long name", "CIM_Disk-Drive", false},
+    {"hyphen in the first eight", "A-B_CDEFGHIJKLMNOPQRS", false},
     {"wrong at the very end", "CIM_DiskDrive!", false},
     {"below the digits", "ABCDEFG/", false},
     {"above the digits", "ABCDEFG:", false},
@@ -121,15 +128,17 @@ TEST(MemoryNamespace, OnlyCimIdentifiersAreNames) {
     using test_support::ThrownStatus;
     EXPECT_EQ(expected, ThrownStatus([&] { Open(ns, row.name); })) << row.what;
     EXPECT_EQ(expected, ThrownStatus([&] { Add(cls, row.name, TCIMValue(1)); })) << row.what;
-    EXPECT_EQ(expected, ThrownStatus([&] {
-                cls->AddMethodDecl(row.name, Type::kCIMTypeUint32, None());
-              })) << row.what;
+    EXPECT_EQ(expected,
+              ThrownStatus([&] { cls->AddMethodDecl(row.name, Type::kCIMTypeUint32, None()); }))
+        << row.what;
     EXPECT_EQ(expected, ThrownStatus([&] {
                 method->AddParameterDecl(row.name, Type::kCIMTypeUint32, None());
-              })) << row.what;
+              }))
+        << row.what;
     EXPECT_EQ(expected, ThrownStatus([&] {
                 ns->CreateQualifierDecl(row.name, TCIMValue(true), 0, 0, None());
-              })) << row.what;
+              }))
+        << row.what;
   }
 }
 

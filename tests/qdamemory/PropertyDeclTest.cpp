@@ -32,9 +32,9 @@ TEST(MemoryPropertyDecl, TakesEveryTypeAndItsArray) {
 TEST(MemoryPropertyDecl, KeepsTheDeclaredMaximumOfAnArray) {
   const Namespace ns = MakeNamespace();
   const Class cls = Open(ns, "Cls");
-  EXPECT_EQ(5u, Add(cls, "A", TCIMValue(Type::kCIMTypeUint8, 5))
-                    ->GetDefaultValue(None())
-                    .GetMaxArraySize());
+  EXPECT_EQ(
+      5u,
+      Add(cls, "A", TCIMValue(Type::kCIMTypeUint8, 5))->GetDefaultValue(None()).GetMaxArraySize());
   // A value that was an array and is a scalar now still has its maximum, which means nothing.
   TCIMValue scalar(Type::kCIMTypeUint8, 5);
   scalar.Set(3u);

@@ -78,8 +78,8 @@ TEST(MemoryQualifier, IsFoundOnEveryKindOfElement) {
   ICIMNamedElement* const elements[] = {cls.get(), property.get(), method.get(), parameter.get()};
   for (ICIMNamedElement* element : elements) {
     const std::string text = "text " + std::to_string(element - elements[0]);
-    const Qualifier added = element->AddQualifier(ns->GetQualifierDecl("Description", None()),
-                                                  TCIMValue(text), None());
+    const Qualifier added =
+        element->AddQualifier(ns->GetQualifierDecl("Description", None()), TCIMValue(text), None());
     Qualify(cls, *element, "Version", TCIMValue("1.2.3"));
     EXPECT_EQ(TCIMValue(text), added->GetValue(None()));
     const Qualifier found = element->GetQualifier("DESCRIPTION", None());
@@ -172,8 +172,7 @@ TEST(MemoryQualifier, InheritedValueIsFixedWithoutEnableOverride) {
   base->Commit(None());
   const Class sub = Open(ns, "Sub", base);
   EXPECT_STATUS(kQDAStatusNotOverridable, Qualify(sub, *sub, "Fixed", TCIMValue("b")));
-  EXPECT_STATUS(kQDAStatusNotOverridable,
-                Qualify(sub, *sub, "Fixed", Null(Type::kCIMTypeString)));
+  EXPECT_STATUS(kQDAStatusNotOverridable, Qualify(sub, *sub, "Fixed", Null(Type::kCIMTypeString)));
   EXPECT_THAT(QualifiersOf(*sub), IsEmpty());
   Qualify(sub, *sub, "Fixed", TCIMValue("a"));
   EXPECT_THAT(QualifiersOf(*sub), ElementsAre("Fixed"));

@@ -1,5 +1,8 @@
 // References: resolved by key, held as values, nested as keys.
 
+#include <boost/make_shared.hpp>
+
+#include <tests/qdamemory/ForeignClass.h>
 #include <tests/qdamemory/MemoryTestSupport.h>
 
 namespace memory_test {
@@ -57,8 +60,9 @@ TEST_F(MemoryReference, GetCIMElementGivesTheInstanceOrTheClass) {
 TEST_F(MemoryReference, MustBindExactlyTheKeys) {
   EXPECT_STATUS(kQDAStatusInvalidReference, Resolve(ns, "ZRV_Server.Number=\"2\""));
   EXPECT_STATUS(kQDAStatusInvalidReference, Resolve(ns, "ZRV_Server"));
-  EXPECT_STATUS(kQDAStatusInvalidReference,
-                Resolve(ns, "ZRV_Server.CreationClassName=\"ZRV_Server\",Number=\"2\",Caption=\"\""));
+  EXPECT_STATUS(
+      kQDAStatusInvalidReference,
+      Resolve(ns, "ZRV_Server.CreationClassName=\"ZRV_Server\",Number=\"2\",Caption=\"\""));
   EXPECT_STATUS(kQDAStatusInvalidReference,
                 Resolve(ns, "ZRV_Server.CreationClassName=\"ZRV_Server\",Caption=\"2\""));
   // One key twice, by names that differ in case.
@@ -126,12 +130,16 @@ TEST_F(MemoryReferenceValue, IsAKeyLikeAnyOther) {
   const std::string one = "ZRV_Server.CreationClassName=\"ZRV_Server\",Number=\"1\"";
   const std::string two = "ZRV_Server.CreationClassName=\"ZRV_Server\",Number=\"2\"";
   EXPECT_EQ(pair, Resolve(ns, "ZRV_Hosts.Antecedent=\"" + one + "\",Dependent=\"" + two + "\""));
-  EXPECT_EQ(pair, Resolve(ns, "zrv_hosts.dependent=\"zrv_server.number=\"2\",CREATIONCLASSNAME="
-                              "\"ZRV_Server\"\",antecedent=\"" + one + "\""));
+  EXPECT_EQ(pair, Resolve(ns,
+                          "zrv_hosts.dependent=\"zrv_server.number=\"2\",CREATIONCLASSNAME="
+                          "\"ZRV_Server\"\",antecedent=\"" +
+                              one + "\""));
   EXPECT_FALSE(Resolve(ns, "ZRV_Hosts.Antecedent=\"" + two + "\",Dependent=\"" + one + "\""));
   // The same keys under another class are another reference.
-  EXPECT_FALSE(Resolve(ns, "ZRV_Hosts.Antecedent=\"ZRV_System.CreationClassName=\"ZRV_Server\","
-                           "Number=\"1\"\",Dependent=\"" + two + "\""));
+  EXPECT_FALSE(Resolve(ns,
+                       "ZRV_Hosts.Antecedent=\"ZRV_System.CreationClassName=\"ZRV_Server\","
+                       "Number=\"1\"\",Dependent=\"" +
+                           two + "\""));
   const Instance again = Create(hosts, "Antecedent", Server(1));
   again->SetProperty("Dependent", Server(2), None());
   EXPECT_STATUS(kQDAStatusAlreadyExists, hosts->AddInstance(again));
@@ -142,8 +150,7 @@ TEST_F(MemoryReferenceValue, LeadsToTheInstance) {
   const TCIMReference reference = ValueOf(pair, "Antecedent");
   EXPECT_EQ(servers[2], reference.GetCIMElement(false));
   EXPECT_EQ(server, ValueOf(pair, "Antecedent").GetReferencedClass());
-  EXPECT_EQ("ZRV_Server.CreationClassName=\"ZRV_Server\",Number=\"3\"",
-            TextOf(pair, "Antecedent"));
+  EXPECT_EQ("ZRV_Server.CreationClassName=\"ZRV_Server\",Number=\"3\"", TextOf(pair, "Antecedent"));
 }
 
 TEST_F(MemoryReferenceValue, KeepsTheNamespaceName) {
@@ -181,6 +188,22 @@ TEST_F(MemoryReferenceValue, OfAnotherNamespaceIsTakenWhenTheNameFits) {
                 pair->SetProperty("Antecedent", ReferenceValue(other, "Thing.ID=\"1\""), None()));
 }
 
+TEST_F(MemoryReferenceValue, OfAnotherImplementationIsTakenWhenTheNameFits) {
+  const Class base = boost::make_shared<ForeignClass>("ZRV_SYSTEM", Class());
+  const Class sub = boost::make_shared<ForeignClass>("Sub", base);
+  const Class thing = boost::make_shared<ForeignClass>("Thing", Class());
+  const Instance pair = hosts->CreateInstance(None());
+  TCIMReference reference(ns, None());
+  reference.SetClass(sub);
+  pair->SetProperty("Antecedent", TCIMValue(reference), None());
+  EXPECT_EQ(sub, ValueOf(pair, "Antecedent").GetReferencedClass());
+  reference.SetClass(thing);
+  EXPECT_STATUS(kQDAStatusInvalidReference,
+                pair->SetProperty("Antecedent", TCIMValue(reference), None()));
+  EXPECT_STATUS(kQDAStatusInvalidReference, ns->GetInstance(reference, None()));
+  EXPECT_STATUS(kQDAStatusInvalidClass, Open(ns, "New", base));
+}
+
 TEST_F(MemoryReferenceValue, WithoutAClassIsInvalidAndChangesNothing) {
   TCIMReference empty;
   TCIMValue broken;
@@ -202,8 +225,7 @@ TEST_F(MemoryReferenceValue, NullTakesTheDeclaredClass) {
 
 TEST_F(MemoryReferenceValue, StandsInArrays) {
   const std::vector<TCIMValue> elements = {Server(1), Null(Type::kCIMTypeReference), Server(3)};
-  const Instance pair =
-      Create(hosts, "Many", TCIMValue(Type::kCIMTypeReference, 7, elements));
+  const Instance pair = Create(hosts, "Many", TCIMValue(Type::kCIMTypeReference, 7, elements));
   const TCIMValue stored = ValueOf(pair, "Many");
   const std::vector<TCIMValue>& back = stored;
   ASSERT_EQ(3u, back.size());
@@ -218,10 +240,10 @@ TEST_F(MemoryReferenceValue, MayReferToItsOwnClass) {
   AddKey(node, "ID", Null(Type::kCIMTypeString));
   Add(node, "Next", NullReferenceTo(node));
   node->Commit(None());
-  Publish(node, "ID", TCIMValue("a"))->SetProperty("Next", ReferenceValue(ns, "Node.ID=\"b\""),
-                                                   None());
-  Publish(node, "ID", TCIMValue("b"))->SetProperty("Next", ReferenceValue(ns, "Node.ID=\"a\""),
-                                                   None());
+  Publish(node, "ID", TCIMValue("a"))
+      ->SetProperty("Next", ReferenceValue(ns, "Node.ID=\"b\""), None());
+  Publish(node, "ID", TCIMValue("b"))
+      ->SetProperty("Next", ReferenceValue(ns, "Node.ID=\"a\""), None());
   Instance at = Resolve(ns, "Node.ID=\"a\"");
   for (int step = 0; step < 4; ++step) {
     const TCIMReference next = ValueOf(at, "Next");

@@ -128,6 +128,10 @@ void TCIMValue::Set(const TCIMValue& source) {
   if (*this == source) {
     return;
   }
+  // Not equal to itself, as a number that is none; there is nothing to copy.
+  if (this == &source) {
+    return;
+  }
   // The old body goes at the end, because the source may be an element of it; to the caller it
   // is gone from here on.
   const std::unique_ptr<TCIMValueImpl> old(fBody);

@@ -14,7 +14,10 @@ namespace host {
 namespace {
 
 struct OpenSearch {
-  DIR* directory;
+  OpenSearch(DIR* opened, const std::string& wanted)
+      : directory(opened, closedir), pattern(wanted) {}
+
+  std::unique_ptr<DIR, int (*)(DIR*)> directory;
   std::string pattern;
 };
 
@@ -32,14 +35,13 @@ class PosixFiles final : public Files {
                     FoundEntry& entry) override {
     // "dir/" also names the root directory when `directory` is empty, and descriptors that
     // opendir makes are not inherited.
-    DIR* opened = opendir((directory + "/").c_str());
-    if (!opened) {
+    std::unique_ptr<OpenSearch> open(new OpenSearch(nullptr, pattern));
+    open->directory.reset(opendir((directory + "/").c_str()));
+    if (!open->directory) {
       // A directory that is missing is a path that is not found, not a file.
       return errno == ENOENT ? Outcome{Situation::kNoPath, 3} : OutcomeOfErrno(errno);
     }
-    std::unique_ptr<OpenSearch> open(new OpenSearch{opened, pattern});
     if (!FindNext(open.get(), entry)) {
-      closedir(opened);
       return {Situation::kNoFile, 2};
     }
     search = open.release();
@@ -48,20 +50,17 @@ class PosixFiles final : public Files {
 
   bool FindNext(Search search, FoundEntry& entry) override {
     OpenSearch& open = *static_cast<OpenSearch*>(search);
-    while (const dirent* found = readdir(open.directory)) {
+    while (const dirent* found = readdir(open.directory.get())) {
       if (MatchesWildcard(open.pattern, found->d_name)) {
         entry.name = found->d_name;
-        entry.isDirectory = IsDirectory(open.directory, *found);
+        entry.isDirectory = IsDirectory(open.directory.get(), *found);
         return true;
       }
     }
     return false;
   }
 
-  void CloseSearch(Search search) override {
-    std::unique_ptr<OpenSearch> open(static_cast<OpenSearch*>(search));
-    closedir(open->directory);
-  }
+  void CloseSearch(Search search) override { delete static_cast<OpenSearch*>(search); }
 };
 
 }  // namespace

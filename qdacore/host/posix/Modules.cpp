@@ -2,10 +2,10 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <string.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <qdacore/host/HostServices.h>
-#include <qdacore/host/Paths.h>
 #include <qdacore/host/posix/Errors.h>
 
 namespace NZRVQDA20 {
@@ -50,18 +50,16 @@ class PosixModules final : public Modules {
 
   Outcome Load(const std::string& path, Module& module) override {
     // To dlopen an empty name is the program itself.
-    if (path.c_str()[0] == '\0') {
+    if (path.empty()) {
       return {Situation::kNoFile, kModuleNotFound};
     }
-    // As it stands first, because a folder's name may hold a backslash; then with backslashes
-    // taken for separators.
-    module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    std::string tried = path;
-    if (!module && path.find('\\') != std::string::npos) {
-      tried = FromCaller(path);
-      module = dlopen(tried.c_str(), RTLD_NOW | RTLD_LOCAL);
+    // A pipe would be waited for, for ever.
+    struct stat facts;
+    if (stat(path.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode)) {
+      return {Situation::kOther, kBadModule};
     }
-    return module ? Success() : WhyNotLoaded(tried, dlerror());
+    module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    return module ? Success() : WhyNotLoaded(path, dlerror());
   }
 
   Symbol Find(Module module, const std::string& name) override {

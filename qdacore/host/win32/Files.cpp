@@ -21,8 +21,14 @@ class WindowsFiles final : public Files {
     if (handle == INVALID_HANDLE_VALUE) {
       return OutcomeOfLastError();
     }
+    try {
+      TakeEntry(data, entry);
+    } catch (...) {
+      // No memory for the name: nothing may stay open.
+      FindClose(handle);
+      throw;
+    }
     search = handle;
-    TakeEntry(data, entry);
     return Success();
   }
 

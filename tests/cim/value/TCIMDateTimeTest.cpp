@@ -62,6 +62,7 @@ TEST(TCIMDateTime, YearsOutsideTheRangeAreInvalid) {
   EXPECT_STATUS(kQDAStatusInvalidDateTime, TCIMDateTime(0, 1, 1, 0, 0, 0, 0, 0));
   EXPECT_STATUS(kQDAStatusInvalidDateTime, TCIMDateTime(65535, 1, 1, 0, 0, 0, 0, 0));
   EXPECT_STATUS(kQDAStatusInvalidDateTime, TCIMDateTime(3000, 65535, 1, 0, 0, 0, 0, 0));
+  EXPECT_STATUS(kQDAStatusInvalidDateTime, TCIMDateTime(2024, 65535, 1, 0, 0, 0, 0, 0));
   EXPECT_STATUS(kQDAStatusInvalidDateTime, TCIMDateTime(2024, 1, 1000000, 0, 0, 0, 0, 0));
 }
 

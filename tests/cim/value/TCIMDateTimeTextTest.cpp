@@ -121,9 +121,14 @@ TEST(TCIMDateTimeText, EveryPositionIsChecked) {
   for (const std::string text : {"20240102030405.000006+060", "00000001020304.000005:000"}) {
     for (std::size_t at = 0; at < text.size(); ++at) {
       SCOPED_TRACE(at);
-      std::string wrong = text;
-      wrong[at] = 'x';
-      EXPECT_STATUS(kQDAStatusInvalidDateTime, TCIMDateTime(wrong));
+      // The neighbours of the digits are the likeliest to slip through.
+      for (const char character : {'x', '/', ':', ' ', '\0', '\xB0'}) {
+        if (text[at] != ':' || character != ':') {
+          std::string wrong = text;
+          wrong[at] = character;
+          EXPECT_STATUS(kQDAStatusInvalidDateTime, TCIMDateTime(wrong));
+        }
+      }
     }
   }
 }

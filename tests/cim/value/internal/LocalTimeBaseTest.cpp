@@ -84,6 +84,23 @@ TEST_F(LocalTimeBaseTest, MiddleOfTheRangeIsValidWithoutAsking) {
   EXPECT_THAT(clock.TakeCalls(), IsEmpty());
 }
 
+TEST_F(LocalTimeBaseTest, WhatIsPlainlyValidIsValidWithAnyMinuteAndHour) {
+  clock.fixedSecond = -1;
+  TCIMDateTimeImpl last = Fields(2989, 12, 31, 65535);
+  last.fSecond = 65535;
+  const TCIMDateTimeImpl first = Fields(1972, 0, 0, 0);
+  ASSERT_TRUE(LocalTimeBase::IsPlainlyValid(first));
+  ASSERT_TRUE(LocalTimeBase::IsPlainlyValid(last));
+  EXPECT_TRUE(LocalTimeBase(first, -32767).IsValid());
+  EXPECT_TRUE(LocalTimeBase(last, 65535 + 32768).IsValid());
+  EXPECT_THAT(clock.TakeCalls(), IsEmpty());
+  for (const TCIMDateTimeImpl& fields :
+       {Fields(1969, 1, 1, 0), Fields(1970, 1, 1, 0), Fields(3000, 1, 1, 0), Fields(2024, 13, 1, 0),
+        Fields(2024, 1, 4294967295u, 0)}) {
+    EXPECT_FALSE(LocalTimeBase::IsPlainlyValid(fields));
+  }
+}
+
 TEST_F(LocalTimeBaseTest, NearTheEndsTheClockDecides) {
   const TCIMDateTimeImpl second = Fields(1970, 1, 2, 0);
   const TCIMDateTimeImpl last = Fields(3000, 12, 31, 0);
