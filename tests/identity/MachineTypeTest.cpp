@@ -150,14 +150,22 @@ TEST(GetMTM, EveryByteButLettersDigitsAndBlanksIsRefused) {
 
 // Characters are judged as in the "C" locale, whatever the host has set.
 TEST(GetMTM, LocaleDoesNotCount) {
-  for (const char* locale : {"de_DE.ISO-8859-1", "German_Germany.1252", ""}) {
-    std::setlocale(LC_ALL, locale);
+  bool switched = false;
+  for (const char* locale :
+       {"de_DE.ISO-8859-1", "de_DE", "German_Germany.1252", "en_US.ISO-8859-1"}) {
+    if (!std::setlocale(LC_ALL, locale)) {
+      continue;
+    }
+    switched = true;
     EXPECT_EQ(kBad, MTMOrStatus("x-[123\xC4"
                                 "AC1]"));
     EXPECT_EQ(kBad, MTMOrStatus("123\xE4"
                                 "AC1"));
   }
   std::setlocale(LC_ALL, "C");
+  if (!switched) {
+    GTEST_SKIP() << "this machine has no locale in which bytes above 127 are letters";
+  }
 }
 
 TEST(GetMTM, LongNamesAreNoTrouble) {

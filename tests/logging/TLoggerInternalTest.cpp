@@ -138,4 +138,13 @@ TEST_F(LoggerOnAFakeHost, SystemEventOfABadSeverityReportsNothing) {
   EXPECT_EQ(Calls(), fEvents.calls);
 }
 
+// The test is on the name: an empty one, which cannot be opened, stands for no file.
+TEST_F(LoggerOnAFakeHost, EmptyNameFailsAndLinesGoToTheDebuggerAgain) {
+  TemporaryFolder folder;
+  Logger().SetLogFilename(folder.PathOf("core.log"));
+  EXPECT_STATUS(kQDAStatusFileSystemError, Logger().SetLogFilename(""));
+  Logger().LogMessage(ILogger::kLogError, "text");
+  EXPECT_EQ(Calls{"debugger: FDR_[Error] 3/7/2010  9:5:2 text\n"}, fEvents.calls);
+}
+
 }  // namespace

@@ -17,8 +17,9 @@ class ProgramCopy {
     const std::filesystem::path own(test_support::OwnProgram());
     fProgram = fFolder.Copy(own.string(), own.filename().string());
     // Where libraries are found beside the program they go with it; elsewhere there are none here.
+    // A name with a second ending is a plug-in's.
     for (const auto& entry : std::filesystem::directory_iterator(own.parent_path())) {
-      if (entry.path().extension() == ".dll") {
+      if (entry.path().extension() == ".dll" && !entry.path().stem().has_extension()) {
         fFolder.Copy(entry.path().string(), entry.path().filename().string());
       }
     }

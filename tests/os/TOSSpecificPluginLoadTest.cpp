@@ -183,16 +183,6 @@ TEST(LoadPluginLibrary, BothSeparatorsAreAccepted) {
   }
 }
 
-TEST(LoadPluginLibrary, PathFromFindPluginsIsTakenAsItStands) {
-#if defined(_WIN32)
-  GTEST_SKIP() << "no folder name can hold a backslash on this host";
-#endif
-  TemporaryFolder folder;
-  const std::string path = folder.Copy(ProgramCopy::ModulePath("mark.pi.dll"), "a\\b/mark.pi.dll");
-  EXPECT_EQ("mark starts\nnothing\nend of main\nmark ends\n",
-            RunChild("LoadsPlainPlugins", {}, {path}).output);
-}
-
 TEST(LoadPluginLibrary, FailureIsAFileSystemErrorAndNotLogged) {
   TemporaryFolder folder;
   const std::string text = folder.Write("text.pi.dll", "no module");

@@ -97,29 +97,4 @@ TEST(FindPlugins, BothSeparatorsAreAccepted) {
 #endif
 }
 
-TEST(FindPlugins, FolderNameWithABackslashIsOneName) {
-#if defined(_WIN32)
-  GTEST_SKIP() << "no folder name can hold a backslash on this host";
-#endif
-  TemporaryFolder folder;
-  const std::string seen = folder.Write("in/a\\b/y.pi.dll", "");
-  // Not the way out of the directory that it looks like.
-  const std::string odd = folder.Write("in/c\\..\\..\\out/z.pi.dll", "");
-  folder.Write("out/other.pi.dll", "");
-  EXPECT_EQ((Paths{seen, odd}), Sorted(TOSSpecific::FindPlugins(folder.PathOf("in"))));
-}
-
-TEST(FindPlugins, LinkToAFolderIsAFolder) {
-#if defined(_WIN32)
-  GTEST_SKIP() << "links to folders need a privilege on this host";
-#endif
-  TemporaryFolder folder;
-  folder.Write("elsewhere/y.pi.dll", "");
-  folder.MakeFolder("plugins");
-  std::filesystem::create_directory_symlink("../elsewhere", folder.PathOf("plugins/link"));
-  std::filesystem::create_directory_symlink("../missing", folder.PathOf("plugins/broken"));
-  EXPECT_EQ(Paths{folder.PathOf("plugins/link/y.pi.dll")},
-            TOSSpecific::FindPlugins(folder.PathOf("plugins")));
-}
-
 }  // namespace

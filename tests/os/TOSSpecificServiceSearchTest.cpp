@@ -71,13 +71,4 @@ TEST(FindServices, NameMayBeNothingButTheEnding) {
   EXPECT_EQ("nsp: <>\nnsc: <.hidden>\n", program.Run("ListsServices").output);
 }
 
-TEST(FindServices, NameIsNoPath) {
-#if defined(_WIN32)
-  GTEST_SKIP() << "no file name can hold a backslash on this host";
-#endif
-  ProgramCopy program;
-  program.Folder().Write("a\\b.nsp.dll", "");
-  EXPECT_EQ("nsp: <a\\b>\nnsc:\n", program.Run("ListsServices").output);
-}
-
 }  // namespace

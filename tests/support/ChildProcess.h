@@ -36,7 +36,8 @@ std::string OwnProgram();
 std::string OwnFolder();
 
 // Runs this very program as the child `name` (see QDACORE_CHILD), in a process of its own.
-ChildResult RunChild(const std::string& name, const std::vector<EnvironmentChange>& environment = {},
+ChildResult RunChild(const std::string& name,
+                     const std::vector<EnvironmentChange>& environment = {},
                      const std::vector<std::string>& arguments = {});
 
 // A child's code: registered under its name when the program starts, run by RunChild. Its result
@@ -54,6 +55,9 @@ struct ChildRegistration {
   static int Child##name(const std::vector<std::string>& arguments);                      \
   static const ::test_support::ChildRegistration registerChild##name(#name, Child##name); \
   static int Child##name([[maybe_unused]] const std::vector<std::string>& arguments)
+
+// Runs the code of a registered child in this process; 99 when there is none of that name.
+int RunRegisteredChild(const std::string& name, const std::vector<std::string>& arguments);
 
 // For the main function: true, with the exit code, when this process is such a child.
 bool RunAsChild(int argc, char** argv, int& exitCode);

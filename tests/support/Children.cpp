@@ -32,17 +32,20 @@ ChildResult RunChild(const std::string& name, const std::vector<EnvironmentChang
   return RunProgram(OwnProgram(), all, environment);
 }
 
+int RunRegisteredChild(const std::string& name, const std::vector<std::string>& arguments) {
+  const auto found = Children().find(name);
+  if (found == Children().end()) {
+    std::fprintf(stderr, "no child is called %s\n", name.c_str());
+    return 99;
+  }
+  return found->second(arguments);
+}
+
 bool RunAsChild(int argc, char** argv, int& exitCode) {
   if (argc < 3 || std::strcmp(argv[1], kChildSwitch) != 0) {
     return false;
   }
-  const auto found = Children().find(argv[2]);
-  if (found == Children().end()) {
-    std::fprintf(stderr, "no child is called %s\n", argv[2]);
-    exitCode = 99;
-  } else {
-    exitCode = found->second(std::vector<std::string>(argv + 3, argv + argc));
-  }
+  exitCode = RunRegisteredChild(argv[2], std::vector<std::string>(argv + 3, argv + argc));
   return true;
 }
 

@@ -28,8 +28,7 @@ QDACORE_CHILD(ShowsVariable) {
 }
 
 TEST(ChildProcess, OutputErrorAndExitCodeAreTold) {
-  const ChildResult result =
-      RunChild("EchoesArguments", {}, {"a b", "", "c\"d", "e\\", "--flag"});
+  const ChildResult result = RunChild("EchoesArguments", {}, {"a b", "", "c\"d", "e\\", "--flag"});
   EXPECT_EQ(7, result.exitCode);
   EXPECT_EQ("<a b><><c\"d><e\\><--flag>", result.output);
   EXPECT_EQ("problem", result.error);
