@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <qdacore/qdacore.h>
+#include <qdamemory/MemoryNamespace.h>
 
 namespace {
 
@@ -31,7 +32,11 @@ struct Row {
 #define ROW(expected, operation) \
   Row { #operation, RowOf(&operation), expected }
 
-// For an operation that a derived table shares with its base.
+// What the report shows in place of bytes.
+std::ostream& operator<<(std::ostream& stream, const Row& row) {
+  return stream << row.operation << " in row " << row.expected;
+}
+
 class SlotOrder : public testing::TestWithParam<Row> {};
 
 TEST_P(SlotOrder, IsSettled) {
@@ -59,44 +64,44 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     ICIMClass, SlotOrder,
-    testing::Values(
-        ROW(2, ICIMClass::Reserved2), ROW(3, ICIMClass::Commit), ROW(4, ICIMClass::Reserved4),
-        ROW(6, ICIMClass::GetName), ROW(7, ICIMClass::GetNamespace),
-        ROW(8, ICIMClass::IsAssociation), ROW(9, ICIMClass::IsAbstract),
-        ROW(10, ICIMClass::IsRootClass), ROW(11, ICIMClass::GetSuperClass),
-        ROW(12, ICIMClass::EnumerateSubClasses), ROW(13, ICIMClass::Reserved13),
-        ROW(16, ICIMClass::Reserved16), ROW(17, ICIMClass::AddPropertyDecl),
-        ROW(18, ICIMClass::GetPropertyDecl), ROW(19, ICIMClass::EnumeratePropertyDecls),
-        ROW(20, ICIMClass::Reserved20), ROW(21, ICIMClass::SetStaticProperty),
-        ROW(22, ICIMClass::EnumerateStaticProperties), ROW(23, ICIMClass::CreateInstance),
-        ROW(24, ICIMClass::EnumerateInstances), ROW(25, ICIMClass::AddMethodDecl),
-        ROW(26, ICIMClass::Reserved26), ROW(27, ICIMClass::EnumerateMethodDecls),
-        ROW(28, ICIMClass::Reserved28), ROW(35, ICIMClass::Reserved35),
-        ROW(36, ICIMClass::AddInstance)),
+    testing::Values(ROW(2, ICIMClass::Reserved2), ROW(3, ICIMClass::Commit),
+                    ROW(4, ICIMClass::Reserved4), ROW(6, ICIMClass::GetName),
+                    ROW(7, ICIMClass::GetNamespace), ROW(8, ICIMClass::IsAssociation),
+                    ROW(9, ICIMClass::IsAbstract), ROW(10, ICIMClass::IsRootClass),
+                    ROW(11, ICIMClass::GetSuperClass), ROW(12, ICIMClass::EnumerateSubClasses),
+                    ROW(13, ICIMClass::Reserved13), ROW(16, ICIMClass::Reserved16),
+                    ROW(17, ICIMClass::AddPropertyDecl), ROW(18, ICIMClass::GetPropertyDecl),
+                    ROW(19, ICIMClass::EnumeratePropertyDecls), ROW(20, ICIMClass::Reserved20),
+                    ROW(21, ICIMClass::SetStaticProperty),
+                    ROW(22, ICIMClass::EnumerateStaticProperties),
+                    ROW(23, ICIMClass::CreateInstance), ROW(24, ICIMClass::EnumerateInstances),
+                    ROW(25, ICIMClass::AddMethodDecl), ROW(26, ICIMClass::Reserved26),
+                    ROW(27, ICIMClass::EnumerateMethodDecls), ROW(28, ICIMClass::Reserved28),
+                    ROW(35, ICIMClass::Reserved35), ROW(36, ICIMClass::AddInstance)),
     TestName);
 
-INSTANTIATE_TEST_SUITE_P(
-    ICIMNamedElement, SlotOrder,
-    testing::Values(ROW(2, ICIMNamedElement::ReservedElement2),
-                    ROW(3, ICIMNamedElement::ReservedElement3),
-                    ROW(4, ICIMNamedElement::AddQualifier),
-                    ROW(5, ICIMNamedElement::ReservedElement5),
-                    ROW(6, ICIMNamedElement::GetQualifier),
-                    ROW(7, ICIMNamedElement::EnumerateQualifiers)),
-    TestName);
+INSTANTIATE_TEST_SUITE_P(ICIMNamedElement, SlotOrder,
+                         testing::Values(ROW(2, ICIMNamedElement::ReservedElement2),
+                                         ROW(3, ICIMNamedElement::ReservedElement3),
+                                         ROW(4, ICIMNamedElement::AddQualifier),
+                                         ROW(5, ICIMNamedElement::ReservedElement5),
+                                         ROW(6, ICIMNamedElement::GetQualifier),
+                                         ROW(7, ICIMNamedElement::EnumerateQualifiers)),
+                         TestName);
 
 INSTANTIATE_TEST_SUITE_P(
     Declarations, SlotOrder,
-    testing::Values(
-        ROW(8, ICIMPropertyDecl::Reserved8), ROW(9, ICIMPropertyDecl::Commit),
-        ROW(11, ICIMPropertyDecl::GetName), ROW(13, ICIMPropertyDecl::GetType),
-        ROW(14, ICIMPropertyDecl::Reserved14), ROW(15, ICIMPropertyDecl::GetDefaultValue),
-        ROW(8, ICIMParameterDecl::Reserved8), ROW(9, ICIMParameterDecl::Commit),
-        ROW(10, ICIMParameterDecl::GetName), ROW(11, ICIMParameterDecl::Reserved11),
-        ROW(12, ICIMParameterDecl::GetType), ROW(8, ICIMMethodDecl::Reserved8),
-        ROW(9, ICIMMethodDecl::Reserved9), ROW(10, ICIMMethodDecl::GetName),
-        ROW(12, ICIMMethodDecl::GetType), ROW(13, ICIMMethodDecl::AddParameterDecl),
-        ROW(14, ICIMMethodDecl::Reserved14), ROW(15, ICIMMethodDecl::EnumerateParameterDecls)),
+    testing::Values(ROW(8, ICIMPropertyDecl::Reserved8), ROW(9, ICIMPropertyDecl::Commit),
+                    ROW(11, ICIMPropertyDecl::GetName), ROW(13, ICIMPropertyDecl::GetType),
+                    ROW(14, ICIMPropertyDecl::Reserved14),
+                    ROW(15, ICIMPropertyDecl::GetDefaultValue),
+                    ROW(8, ICIMParameterDecl::Reserved8), ROW(9, ICIMParameterDecl::Commit),
+                    ROW(10, ICIMParameterDecl::GetName), ROW(11, ICIMParameterDecl::Reserved11),
+                    ROW(12, ICIMParameterDecl::GetType), ROW(8, ICIMMethodDecl::Reserved8),
+                    ROW(9, ICIMMethodDecl::Reserved9), ROW(10, ICIMMethodDecl::GetName),
+                    ROW(12, ICIMMethodDecl::GetType), ROW(13, ICIMMethodDecl::AddParameterDecl),
+                    ROW(14, ICIMMethodDecl::Reserved14),
+                    ROW(15, ICIMMethodDecl::EnumerateParameterDecls)),
     TestName);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -121,17 +126,16 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Services, SlotOrder,
-    testing::Values(
-        ROW(2, ILogger::LogMessage), ROW(3, ILogger::LogSystemEvent),
-        ROW(4, ILogger::GetLogEntries), ROW(5, ILogger::ClearLogEntries),
-        ROW(6, ILogger::SetLogThreshold), ROW(7, ILogger::GetLogThreshold),
-        ROW(8, ILogger::SetLogFilename), ROW(2, INamespaceProvider::GetName),
-        ROW(3, INamespaceSource::GetNamespace), ROW(2, INamespaceConsumer::GetName),
-        ROW(3, INamespaceConsumer::GetDescription), ROW(4, INamespaceConsumer::Consume),
-        ROW(2, INamespaceProviderManager::RegisterNamespaceProvider),
-        ROW(3, INamespaceProviderManager::GetNamespaceProvider),
-        ROW(4, INamespaceProviderManager::EnumerateNamespaceProviders), ROW(2, TQDAException::what),
-        ROW(2, TBoostAssertException::what)),
+    testing::Values(ROW(2, ILogger::LogMessage), ROW(3, ILogger::LogSystemEvent),
+                    ROW(4, ILogger::GetLogEntries), ROW(5, ILogger::ClearLogEntries),
+                    ROW(6, ILogger::SetLogThreshold), ROW(7, ILogger::GetLogThreshold),
+                    ROW(8, ILogger::SetLogFilename), ROW(2, INamespaceProvider::GetName),
+                    ROW(3, INamespaceSource::GetNamespace), ROW(2, INamespaceConsumer::GetName),
+                    ROW(3, INamespaceConsumer::GetDescription), ROW(4, INamespaceConsumer::Consume),
+                    ROW(2, INamespaceProviderManager::RegisterNamespaceProvider),
+                    ROW(3, INamespaceProviderManager::GetNamespaceProvider),
+                    ROW(4, INamespaceProviderManager::EnumerateNamespaceProviders),
+                    ROW(2, TQDAException::what), ROW(2, TBoostAssertException::what)),
     TestName);
 
 // Slot n of a body, its destructor being slot 0, is row n + 1.
@@ -146,18 +150,19 @@ INSTANTIATE_TEST_SUITE_P(
         ROW(12, TCIMValueImpl::operator double), ROW(13, TCIMValueImpl::operator std::string),
         ROW(14, TCIMValueImpl::operator TCIMChar16), ROW(15, TCIMValueImpl::operator TCIMDateTime),
         ROW(16, TCIMValueImpl::operator TCIMReference),
-        ROW(17, TCIMValueImpl::operator std::vector<TCIMValue>&),
-        ROW(18, TCIMValueImpl::ToString), ROW(19, TCIMValueImpl::operator==),
-        ROW(20, TCIMValueImpl::operator<)),
+        ROW(17, TCIMValueImpl::operator std::vector<TCIMValue>&), ROW(18, TCIMValueImpl::ToString),
+        ROW(19, TCIMValueImpl::operator==), ROW(20, TCIMValueImpl::operator<)),
     TestName);
 
 // The two tables of a class: as a named element it is another address, reached by the upcast.
 TEST(ClassBases, ElementFirstThenNamedElement) {
-  alignas(16) char place[sizeof(void*) * 8];
-  ICIMClass* const cls = reinterpret_cast<ICIMClass*>(place);
-  EXPECT_EQ(static_cast<void*>(cls), static_cast<void*>(static_cast<ICIMElement*>(cls)));
+  const boost::shared_ptr<ICIMNamespace> ns = CreateMemoryNamespace("slots");
+  const boost::shared_ptr<ICIMClass> cls =
+      ns->CreateClass("Any", boost::shared_ptr<ICIMClass>(), std::map<std::string, TCIMValue>());
+  const char* const place = reinterpret_cast<const char*>(cls.get());
+  EXPECT_EQ(place, reinterpret_cast<const char*>(static_cast<ICIMElement*>(cls.get())));
   EXPECT_EQ(place + sizeof(void*),
-            reinterpret_cast<char*>(static_cast<ICIMNamedElement*>(cls)));
+            reinterpret_cast<const char*>(static_cast<ICIMNamedElement*>(cls.get())));
 }
 
 }  // namespace

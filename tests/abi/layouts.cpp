@@ -6,7 +6,7 @@
 namespace NZRVQDA20 {
 
 // A constructor needs the table of its class and of all bases.
-#define QDACORE_TABLE(name)   \
+#define QDACORE_TABLE(name)     \
   struct TableOf##name : name { \
     TableOf##name();            \
   };                            \
@@ -56,6 +56,13 @@ QDACORE_RECORD(TCIMChar16Impl);
 QDACORE_RECORD(TCIMReference);
 QDACORE_RECORD(TCIMReferenceImpl);
 QDACORE_RECORD(TCIMNumericValueImpl);
+QDACORE_RECORD(TCIMStringValueImpl);
+QDACORE_RECORD(TCIMChar16ValueImpl);
+QDACORE_RECORD(TCIMDateTimeValueImpl);
+QDACORE_RECORD(TCIMReferenceValueImpl);
+QDACORE_RECORD(TCIMArrayValueImpl);
+QDACORE_RECORD(TCIMChar16);
+char sizeOfTCIMType[sizeof(TCIMValue::TCIMType)];
 QDACORE_RECORD(TLogger);
 QDACORE_RECORD(TLogEntry);
 QDACORE_RECORD(TNamespaceProviderManager);

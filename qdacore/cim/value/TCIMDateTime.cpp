@@ -16,11 +16,9 @@ TCIMDateTimeImpl* CopyWithoutPrecision(const TCIMDateTimeImpl& source) {
   return copy;
 }
 
-TCIMDateTimeImpl* NewNull() { return NewPlainBody<TCIMDateTimeImpl>(TCIMDateTimeImpl()); }
-
 }  // namespace
 
-TCIMDateTime::TCIMDateTime() { SetBody(NewNull()); }
+TCIMDateTime::TCIMDateTime() { SetBody(NewPlainBody<TCIMDateTimeImpl>()); }
 
 // Each goes through the constructor above, so that the body is released when the value is refused.
 TCIMDateTime::TCIMDateTime(unsigned short year, unsigned short month, unsigned int day,
@@ -65,7 +63,10 @@ void TCIMDateTime::ReleaseBody() {
 
 boost::shared_ptr<TCIMDateTimeImpl> TCIMDateTime::GetBody() const {
   if (fBody && fBody.use_count() == 0) {
-    fBody.reset(fBody.get(), ReleasePlainBody<TCIMDateTimeImpl>);
+    TCIMDateTimeImpl* const body = fBody.get();
+    // Let go first: a count that cannot be made releases the body.
+    fBody.reset();
+    fBody.reset(body, ReleasePlainBody<TCIMDateTimeImpl>);
   }
   return fBody;
 }
@@ -73,7 +74,19 @@ boost::shared_ptr<TCIMDateTimeImpl> TCIMDateTime::GetBody() const {
 void TCIMDateTime::Set(unsigned short year, unsigned short month, unsigned int day,
                        unsigned short hour, unsigned short minute, unsigned short second,
                        unsigned int microseconds, short utcOffset) {
-  TCIMDateTimeImpl fields;
+  TCIMDateTimeImpl& fields = *fBody;
+  if (!LocalTimeBase::IsPlainlyValid(year, month, day)) {
+    TCIMDateTimeImpl candidate;
+    candidate.fYear = year;
+    candidate.fMonth = month;
+    candidate.fDay = day;
+    candidate.fHour = hour;
+    candidate.fSecond = second;
+    if (!LocalTimeBase(candidate, minute - utcOffset).IsValid()) {
+      Throw(TQDAStatusCode::kQDAStatusInvalidDateTime);
+    }
+  }
+  // The precision flag stays as it was.
   fields.fIsNull = 0;
   fields.fYear = year;
   fields.fMonth = month;
@@ -84,21 +97,15 @@ void TCIMDateTime::Set(unsigned short year, unsigned short month, unsigned int d
   fields.fMicroSeconds = microseconds;
   fields.fUTCOffset = utcOffset;
   fields.fIsInterval = 0;
-  fields.fPrecision = fBody->fPrecision;
-  if (!LocalTimeBase::IsPlainlyValid(fields) &&
-      !LocalTimeBase(fields, minute - utcOffset).IsValid()) {
-    Throw(TQDAStatusCode::kQDAStatusInvalidDateTime);
-  }
-  *fBody = fields;
 }
 
 void TCIMDateTime::Set(unsigned int days, unsigned short hours, unsigned short minutes,
                        unsigned short seconds, unsigned int microseconds) {
+  TCIMDateTimeImpl& fields = *fBody;
   if (hours >= 24 || minutes >= 60 || seconds >= 60 || microseconds > 999999) {
     Throw(TQDAStatusCode::kQDAStatusInvalidDateTime);
   }
   // Year, month, offset and precision flag stay as they were.
-  TCIMDateTimeImpl& fields = *fBody;
   fields.fIsNull = 0;
   fields.fDay = days;
   fields.fHour = hours;

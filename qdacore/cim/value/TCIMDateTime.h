@@ -15,13 +15,14 @@
 //   * the fields of a timestamp are kept as given and only have to add up to a time
 //     between the start of 1970 and the end of 3000, in UTC, the fields read as local
 //     standard time: 31 February is accepted and stays;
-//   * intervals are compared and added in 32 bits of seconds, which wrap from day 49711.
+//   * the length of an interval is counted in 32 bits of seconds, which wrap from day 49711,
+//     before it is compared or added.
 //
 // Every failure but one is TQDAException with kQDAStatusInvalidDateTime, nothing is
 // logged, and a Set that failed changes nothing.
 //
-// Threads: distinct objects never share a body. Comparison near the ends of the range,
-// and arithmetic, read the process's time zone.
+// Threads: distinct objects never share a body. Arithmetic, and whatever is near the ends of
+// the range, reads the process's time zone.
 
 #ifndef QDACORE_CIM_VALUE_TCIMDATETIME_H
 #define QDACORE_CIM_VALUE_TCIMDATETIME_H

@@ -114,6 +114,8 @@ std::string TimestampForPeople(const TCIMDateTimeImpl& fields) {
 }  // namespace
 
 void TCIMDateTime::Set(const std::string& text) {
+  // Without a body even a bad text is a failed assertion.
+  static_cast<void>(*fBody);
   if (text.size() != kLength || text[kPointAt] != '.') {
     Invalid();
   }

@@ -12,11 +12,15 @@ TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> ns,
 
 TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> ns, const std::string& path,
                              std::map<std::string, TCIMValue> context)
-    // Through the constructor above, so that the body is released when the path is refused. The
+    // Through the constructor below, so that the body is released when the path is refused. The
     // namespace is not moved: it may be the last share, and the path still needs it.
-    : TCIMReference(ns, std::move(context)) {
+    : TCIMReference(&ns, &context) {
   SetPath(path);
 }
+
+TCIMReference::TCIMReference(const boost::shared_ptr<ICIMNamespace>* ns,
+                             std::map<std::string, TCIMValue>* context)
+    : fBody(new TCIMReferenceImpl(this, *ns, *context)) {}
 
 TCIMReference::TCIMReference(const TCIMReference& other)
     : fBody(new TCIMReferenceImpl(this, *other.fBody)) {}
@@ -63,10 +67,13 @@ void TCIMReference::AddKeyValue(const std::string& name, const TCIMValue& value)
 
 void TCIMReference::EnumerateKeyBindings(
     const boost::function<bool(std::pair<std::string, TCIMValue>)>& visit) const {
-  for (const auto& binding : fBody->fKeyBindings) {
-    if (!visit(binding)) {
+  // Found anew each time: `visit` may change this very reference.
+  for (auto binding = fBody->fKeyBindings.begin(); binding != fBody->fKeyBindings.end();) {
+    const std::string name = binding->first;
+    if (!visit(*binding)) {
       return;
     }
+    binding = fBody->fKeyBindings.upper_bound(name);
   }
 }
 

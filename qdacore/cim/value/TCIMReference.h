@@ -136,6 +136,10 @@ class QDACORE_EXPORT TCIMReference {
   // Fills the reference within a reference.
   friend class ObjectPathParser;
 
+  // An empty reference, made without another share of the namespace. Takes the context over.
+  TCIMReference(const boost::shared_ptr<ICIMNamespace>* ns,
+                std::map<std::string, TCIMValue>* context);
+
   TCIMReferenceImpl* GetBody() const;
 
   TCIMReferenceImpl* fBody;

@@ -26,7 +26,8 @@ class QDACORE_EXPORT TCIMReferenceImpl {
   ~TCIMReferenceImpl();
 
   std::string GetPath() const;
-  void SetPath(const std::string& path);
+  // `depth` paths, of which this is one, are being read already.
+  void SetPath(const std::string& path, int depth = 0);
   const std::string& ClassName() const;
   void SetClassName(const std::string& name);
   boost::shared_ptr<ICIMClass> GetClass() const;

@@ -55,10 +55,13 @@ TCIMValue& TCIMValue::operator=(const TCIMValue& other) {
   return *this;
 }
 
-#define QDACORE_SCALAR(parameter, cimType, newBody)                \
-  TCIMValue::TCIMValue(parameter value)                            \
-      : fType(TType::cimType), fBody(newBody), fMaxArraySize(0) {} \
-  void TCIMValue::Set(parameter value) { ReplaceBody(TType::cimType, newBody); }
+#define QDACORE_SCALAR(parameter, cimType, newBody)                     \
+  TCIMValue::TCIMValue(parameter value)                                 \
+      : fType(TType::cimType), fBody(newBody), fMaxArraySize(0) {}      \
+  void TCIMValue::Set(parameter value) {                                \
+    const std::unique_ptr<TCIMValueImpl> old(BeginSet(TType::cimType)); \
+    fBody = newBody;                                                    \
+  }
 #define QDACORE_NUMBER(parameter, cimType) \
   QDACORE_SCALAR(parameter, cimType, NewPlainBody<TCIMNumericValueImpl>(value))
 
@@ -81,11 +84,14 @@ QDACORE_SCALAR(const TCIMDateTime&, kCIMTypeDateTime, new TCIMDateTimeValueImpl(
 #undef QDACORE_NUMBER
 #undef QDACORE_SCALAR
 
-// The new body is made before the old one goes, because its source may stand inside that one.
-void TCIMValue::ReplaceBody(TCIMType::ECIMType type, TCIMValueImpl* body) {
-  const std::unique_ptr<TCIMValueImpl> old(fBody);
+// To the caller the old body is gone now, and a failure from here on leaves a typed null. It is
+// released only when the new one is made, because what that is made of may stand inside the old
+// one.
+TCIMValueImpl* TCIMValue::BeginSet(TCIMType::ECIMType type) {
+  TCIMValueImpl* const old = fBody;
+  fBody = nullptr;
   fType = type;
-  fBody = body;
+  return old;
 }
 
 void TCIMValue::DeleteBody() {
@@ -101,14 +107,16 @@ void TCIMValue::Take(TCIMValue& source) {
 }
 
 void TCIMValue::Set(TCIMReference& value) {
-  ReplaceBody(TType::kCIMTypeReference, new TCIMReferenceValueImpl(value));
+  const std::unique_ptr<TCIMValueImpl> old(BeginSet(TType::kCIMTypeReference));
+  fBody = new TCIMReferenceValueImpl(value);
   fReferencedClass = value.GetClass();
 }
 
 void TCIMValue::Set(TCIMType type, unsigned int maxArraySize,
                     const std::vector<TCIMValue>& elements) {
-  ReplaceBody(WithArrayFlag(type), new TCIMArrayValueImpl(elements));
+  const std::unique_ptr<TCIMValueImpl> old(BeginSet(WithArrayFlag(type)));
   fMaxArraySize = maxArraySize;
+  fBody = new TCIMArrayValueImpl(elements);
 
   // Checked only now, so a failed call leaves the wrong elements in place; that is meant.
   const int elementType = type & ~TType::kCIMTypeArrayFlag;
@@ -128,15 +136,8 @@ void TCIMValue::Set(const TCIMValue& source) {
   if (*this == source) {
     return;
   }
-  // Not equal to itself, as a number that is none; there is nothing to copy.
-  if (this == &source) {
-    return;
-  }
-  // The old body goes at the end, because the source may be an element of it; to the caller it
-  // is gone from here on.
-  const std::unique_ptr<TCIMValueImpl> old(fBody);
-  fBody = nullptr;
-  fType = source.fType;
+  // So a number that is none, over itself, becomes a typed null; that is meant.
+  const std::unique_ptr<TCIMValueImpl> old(BeginSet(source.fType));
   if (source.IsArray()) {
     fMaxArraySize = source.fMaxArraySize;
     if (source.fBody) {

@@ -19,6 +19,9 @@
 //                                type that has no values
 //   kQDAStatusInvalidProperty    an array given an element of another type
 //   kQDAStatusInvalidOpSequence  a referenced class set on a value that has a body
+//   kQDAStatusNotSupported       text in a radix that the type is not shown in
+//   kQDAStatusNotImplemented     the order of two arrays
+// or what TCIMDateTime, TCIMChar16 and TCIMReference throw for what they hold.
 //
 // Threads: no locks. Two handles never share a body, so distinct handles never
 // interfere; one handle belongs to one thread at a time while it is changed.
@@ -148,7 +151,8 @@ class TCIMValue {
   QDACORE_EXPORT TCIMValue& operator=(const TCIMValue& other);
 
   // Each stores the type that belongs to the argument and a new body. The
-  // referenced class and the declared maximum stay as they were.
+  // referenced class and the declared maximum stay as they were. When the argument
+  // cannot be copied the value is a null of the new type.
   QDACORE_EXPORT void Set(bool value);
   QDACORE_EXPORT void Set(unsigned char value);
   QDACORE_EXPORT void Set(signed char value);
@@ -248,8 +252,9 @@ class TCIMValue {
 
   // Null values are equal when their types are (and, for references, the referenced
   // classes; for arrays, the declared maxima). Values of different types are never
-  // equal; they sort by type number, null values first. Non-null references compare by
-  // their paths alone. Two arrays have no order: < throws kQDAStatusNotImplemented.
+  // equal; they sort by type number, null values first. Non-null references compare as
+  // TCIMReference does; the referenced class and the maximum have no part then. Two arrays have no
+  // order: < throws kQDAStatusNotImplemented.
   QDACORE_EXPORT bool operator==(const TCIMValue& other) const;
   QDACORE_EXPORT bool operator<(const TCIMValue& other) const;
   QDACORE_EXPORT bool operator!=(const TCIMValue& other) const;
@@ -263,7 +268,7 @@ class TCIMValue {
   // Takes over a value that it has just read.
   friend class TCIMReferenceImpl;
 
-  void ReplaceBody(TCIMType::ECIMType type, TCIMValueImpl* body);
+  TCIMValueImpl* BeginSet(TCIMType::ECIMType type);
   void DeleteBody();
   // Leaves `source` as this was; this is new and unset.
   void Take(TCIMValue& source);

@@ -1,5 +1,7 @@
 #include <time.h>
 
+#include <algorithm>
+
 #include <qdacore/host/HostServices.h>
 
 namespace NZRVQDA20 {
@@ -20,15 +22,16 @@ std::int64_t OffsetAt(std::int64_t second) {
   return localtime_r(&moment, &fields) ? fields.tm_gmtoff : 0;
 }
 
-// The zone's offset without daylight saving, as it is in our day: the smaller one of a winter
-// and a summer. (The flag of the tables is no guide: there are zones that call winter time
-// their daylight time.)
+// The zone's offset without daylight saving, as it is now: the smallest one of the year to come.
+// (The flag of the tables is no guide: there are zones that call winter time their daylight time.)
 std::int64_t StandardOffset() {
-  const std::int64_t january2024 = 1704067200;
-  const std::int64_t july2024 = 1719792000;
-  const std::int64_t winter = OffsetAt(january2024);
-  const std::int64_t summer = OffsetAt(july2024);
-  return winter < summer ? winter : summer;
+  const std::int64_t quarter = 91 * 86400;
+  const std::int64_t now = static_cast<std::int64_t>(time(nullptr));
+  std::int64_t smallest = OffsetAt(now);
+  for (int ahead = 1; ahead < 4; ++ahead) {
+    smallest = std::min(smallest, OffsetAt(now + ahead * quarter));
+  }
+  return smallest;
 }
 
 bool InRange(std::int64_t second) { return second >= 0 && second <= kLastSecond; }
@@ -55,14 +58,14 @@ class PosixClock final : public Clock {
       return false;
     }
     // The offset of our day counts for all years, as it does on the other host; from the tables
-    // comes only whether daylight saving was in force.
+    // comes only whether clocks were ahead of it.
     const std::int64_t standard = StandardOffset();
     const time_t moment = static_cast<time_t>(second);
     struct tm fields;
     if (!localtime_r(&moment, &fields)) {
       return false;
     }
-    const bool daylight = fields.tm_isdst > 0 ? fields.tm_gmtoff > standard : false;
+    const bool daylight = fields.tm_gmtoff > standard;
     const time_t shown = static_cast<time_t>(second + standard + (daylight ? kDaylightSeconds : 0));
     if (!gmtime_r(&shown, &fields)) {
       return false;

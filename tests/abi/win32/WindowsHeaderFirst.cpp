@@ -1,4 +1,5 @@
-// The public headers with <windows.h> before them: its macro GetClassName must not stand in the way.
+// The public headers with <windows.h> before them: its macro GetClassName must not stand in the
+// way.
 
 #include <windows.h>
 

@@ -1,4 +1,5 @@
-// The public headers with <windows.h> behind them: its macro GetClassName must not stand in the way.
+// The public headers with <windows.h> behind them: its macro GetClassName must not stand in the
+// way.
 
 #include <qdacore/qdacore.h>
 

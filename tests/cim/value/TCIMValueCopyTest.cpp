@@ -44,15 +44,43 @@ TEST(TCIMValueCopy, EveryKindReplacesEveryOther) {
       EXPECT_EQ(&scalar, &(scalar = samples.scalars[from - 1]));
       EXPECT_EQ(from, Word(scalar));
       EXPECT_TRUE(scalar == samples.scalars[from - 1]);
+      // Two characters are always equal, so the text is looked at as well; only a char16 over a
+      // char16 keeps its own.
+      EXPECT_EQ(samples.scalars[from - 1].ToString(), scalar.ToString());
       TCIMValue array = samples.ArrayOf(to);
       array.Set(samples.scalars[from - 1]);
       EXPECT_EQ(from, Word(array));
       EXPECT_TRUE(array == samples.scalars[from - 1]);
+      EXPECT_EQ(samples.scalars[from - 1].ToString(), array.ToString());
       scalar.Set(samples.ArrayOf(from));
       EXPECT_EQ(from + 16, Word(scalar));
       EXPECT_TRUE(scalar == samples.ArrayOf(from));
     }
   }
+}
+
+// The type, and the maximum of an array, are stored before anything is copied.
+TEST(TCIMValueCopy, FailedSetLeavesANullOfTheNewType) {
+  TCIMValue odd;
+  odd.SetNullValue(static_cast<TCIMValue::TCIMType::ECIMType>(33), 0);
+  TCIMDateTime cleared;
+  cleared.Clear();
+  TCIMValue value("old");
+  EXPECT_STATUS(kQDAStatusFail, value.Set(cleared));
+  EXPECT_TRUE(value.IsNull());
+  EXPECT_EQ(14, Word(value));
+  std::vector<TCIMValue> elements(1);
+  elements[0].SetNullValue(static_cast<TCIMValue::TCIMType::ECIMType>(33), 0);
+  value.Set("old");
+  EXPECT_STATUS(kQDAStatusTypeMismatch,
+                value.Set(TCIMValue::TCIMType(TCIMValue::TCIMType::kCIMTypeSint32), 4, elements));
+  EXPECT_TRUE(value.IsNull());
+  EXPECT_EQ(23, Word(value));
+  EXPECT_EQ(4u, value.GetMaxArraySize());
+  value.Set("old");
+  EXPECT_STATUS(kQDAStatusTypeMismatch, value = odd);
+  EXPECT_TRUE(value.IsNull());
+  EXPECT_EQ(33, Word(value));
 }
 
 TEST(TCIMValueCopy, HandlesNeverShareAValue) {
@@ -231,13 +259,23 @@ TEST(TCIMValueCopy, NaNIsCopied) {
   EXPECT_FALSE(target == target);
 }
 
-// Not equal to itself, and kept all the same.
-TEST(TCIMValueCopy, NaNOverItselfStays) {
+// Not equal to itself, so its value is gone before it could be copied.
+TEST(TCIMValueCopy, NaNOverItselfIsATypedNull) {
   TCIMValue value(std::numeric_limits<double>::quiet_NaN());
   TCIMValue& same = value;
   value = same;
+  EXPECT_TRUE(value.IsNull());
   EXPECT_EQ(11, Word(value));
-  EXPECT_TRUE(std::isnan(static_cast<double>(value)));
+}
+
+TEST(TCIMValueCopy, ArrayWithANaNOverItselfIsATypedNull) {
+  TCIMValue value(TCIMValue::TCIMType(TCIMValue::TCIMType::kCIMTypeReal64), 3,
+                  {TCIMValue(std::numeric_limits<double>::quiet_NaN())});
+  TCIMValue& same = value;
+  value = same;
+  EXPECT_TRUE(value.IsNull());
+  EXPECT_EQ(27, Word(value));
+  EXPECT_EQ(3u, value.GetMaxArraySize());
 }
 
 TEST(TCIMValueCopy, SelfAssignmentChangesNothing) {

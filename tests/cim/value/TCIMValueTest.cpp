@@ -225,6 +225,21 @@ TEST(TCIMValue, HoldsItsReferencedClassAlive) {
   EXPECT_TRUE(watch.expired());
 }
 
+TEST(TCIMValue, ReleasesItsReferencedClassAtItsEnd) {
+  boost::weak_ptr<ICIMClass> watch;
+  {
+    TCIMValue value(FromNumber(15), 0);
+    {
+      const boost::shared_ptr<RecordingNamespace> ns = RecordingNamespace::Create();
+      ns->Declare("Disk");
+      watch = ns->Class("Disk");
+      value.SetReferencedClass(ns->Class("Disk"));
+    }
+    EXPECT_FALSE(watch.expired());
+  }
+  EXPECT_TRUE(watch.expired());
+}
+
 TEST(TCIMValue, ThereIsNoConversionToChar16) {
   EXPECT_FALSE((std::is_convertible<TCIMValue, TCIMChar16>::value));
   EXPECT_EQ("65", TCIMValue(TCIMChar16(65)).ToString());

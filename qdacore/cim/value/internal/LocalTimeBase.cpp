@@ -15,8 +15,10 @@ const std::int64_t kBorder = 30 * 86400;
 
 LocalTimeBase::LocalTimeBase(const TCIMDateTimeImpl& fields, std::int64_t minute)
     : fFields(fields),
-      fCivilSecond(CivilSecond(CivilDay(fields.fYear, fields.fMonth, fields.fDay), fields.fHour,
-                               minute, fields.fSecond)) {}
+      // A day beyond 31 bits is negative, as it is to the C runtime.
+      fCivilSecond(
+          CivilSecond(CivilDay(fields.fYear, fields.fMonth, static_cast<std::int32_t>(fields.fDay)),
+                      fields.fHour, minute, fields.fSecond)) {}
 
 bool LocalTimeBase::IsFarFromLimits() const {
   return fCivilSecond >= kBorder && fCivilSecond <= host::kLastSecond - kBorder;

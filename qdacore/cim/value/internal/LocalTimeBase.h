@@ -14,9 +14,9 @@ class LocalTimeBase {
  public:
   // Whether the fields lie so far inside the range that no minute, offset or time zone can take
   // them out of it: true of any ordinary date, at the cost of a few comparisons.
-  static bool IsPlainlyValid(const TCIMDateTimeImpl& fields) {
+  static bool IsPlainlyValid(std::uint16_t year, std::uint16_t month, std::uint32_t day) {
     // 65535 hours are less than eight years.
-    return fields.fYear >= 1972 && fields.fYear < 2990 && fields.fMonth <= 12 && fields.fDay <= 31;
+    return year >= 1972 && year < 2990 && month <= 12 && day <= 31;
   }
 
   // `minute` stands in for the fields' own minute.

@@ -12,13 +12,13 @@ namespace NZRVQDA20 {
 
 // For bodies whose constructor cannot throw. A value's body is released through its virtual
 // destructor, any other by ReleasePlainBody.
-template <class Body, class Argument>
-Body* NewPlainBody(const Argument& argument) {
+template <class Body, class... Arguments>
+Body* NewPlainBody(const Arguments&... arguments) {
   void* const block = std::malloc(sizeof(Body));
   if (!block) {
     throw std::bad_alloc();
   }
-  return ::new (block) Body(argument);
+  return ::new (block) Body(arguments...);
 }
 
 template <class Body>

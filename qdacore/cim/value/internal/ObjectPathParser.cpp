@@ -25,8 +25,8 @@ bool IsNotFound(const TQDAException& failure) {
 
 ObjectPathParser::ObjectPathParser(const std::string& text,
                                    const boost::weak_ptr<ICIMNamespace>& ns,
-                                   const TContext& context)
-    : fText(text), fNamespace(ns), fContext(context), fPosition(0), fDepth(0) {}
+                                   const TContext& context, int depth)
+    : fText(text), fNamespace(ns), fContext(context), fPosition(0), fDepth(depth) {}
 
 void ObjectPathParser::Parse(TCIMReferenceImpl& body) { ParsePath(body, false); }
 
@@ -70,24 +70,37 @@ void ObjectPathParser::ParseBinding(TCIMReferenceImpl& body, const ICIMClass& cl
     body.AddParsedKeyValue(name, value);
   } else {
     std::string text = ReadQuotedValue();
-    const TCIMValue::TCIMType type = declaration->GetType(TContext());
-    // Only a path needs the namespace, and taking a share of it is not free.
-    const bool needsNamespace = type == TCIMValue::TCIMType::kCIMTypeReference;
-    TCIMValue value(type, text,
-                    needsNamespace ? fNamespace.lock() : boost::shared_ptr<ICIMNamespace>());
+    TCIMValue value = ParseValue(declaration->GetType(TContext()), text);
     body.AddParsedKeyValue(name, value);
   }
   ++fPosition;  // over the closing quote
 }
 
 TCIMValue ObjectPathParser::ParseNestedPath() {
-  if (++fDepth > kDeepestNesting) {
-    Refuse("Reference nested too deeply, path=" + fText);
-  }
+  GoDeeper();
   TCIMReference target(fNamespace.lock(), fContext);
   ParsePath(*target.GetBody(), true);
   --fDepth;
   return TCIMValue(target);
+}
+
+// As the constructor of TCIMValue reads its text, but that a path within a path counts as deeper,
+// also where a declaration's default does not tell that it is one.
+TCIMValue ObjectPathParser::ParseValue(TCIMValue::TCIMType type, std::string& text) {
+  if (type != TCIMValue::TCIMType::kCIMTypeReference) {
+    return TCIMValue(type, text, boost::shared_ptr<ICIMNamespace>());
+  }
+  GoDeeper();
+  TCIMReference target(fNamespace.lock(), TContext());
+  target.GetBody()->SetPath(text, fDepth);
+  --fDepth;
+  return TCIMValue(target);
+}
+
+void ObjectPathParser::GoDeeper() {
+  if (++fDepth > kDeepestNesting) {
+    Refuse("Reference nested too deeply, path=" + fText);
+  }
 }
 
 // Leaves the position on the "=".
@@ -132,11 +145,14 @@ std::string ObjectPathParser::ReadQuotedValue() {
   std::string value;
   for (;;) {
     // All up to the next mark stands for itself.
-    const std::size_t begin = ++fPosition;
-    while (!AtEnd() && fText[fPosition] != '"' && fText[fPosition] != '\\') {
-      ++fPosition;
+    const char* const begin = fText.data() + ++fPosition;
+    const char* const end = fText.data() + fText.size();
+    const char* mark = begin;
+    while (mark < end && *mark != '"' && *mark != '\\') {
+      ++mark;
     }
-    value.append(fText, begin, fPosition - begin);
+    value.append(begin, mark);
+    fPosition = static_cast<std::size_t>(mark - fText.data());
     if (!AtEnd() && fText[fPosition] == '"') {
       return value;
     }

@@ -19,9 +19,9 @@ class TCIMReferenceImpl;
 
 class ObjectPathParser {
  public:
-  // All three must outlive the parser.
+  // All three must outlive the parser. `depth` paths are being read already.
   ObjectPathParser(const std::string& text, const boost::weak_ptr<ICIMNamespace>& ns,
-                   const std::map<std::string, TCIMValue>& context);
+                   const std::map<std::string, TCIMValue>& context, int depth = 0);
 
   // Fills `body`, which has neither class nor keys. Throws what
   // TCIMReference::SetPath does; what was bound by then stays bound.
@@ -31,6 +31,8 @@ class ObjectPathParser {
   void ParsePath(TCIMReferenceImpl& body, bool nested);
   void ParseBinding(TCIMReferenceImpl& body, const ICIMClass& cls);
   TCIMValue ParseNestedPath();
+  TCIMValue ParseValue(TCIMValue::TCIMType type, std::string& text);
+  void GoDeeper();
   boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name) const;
   boost::shared_ptr<const ICIMPropertyDecl> LookUpProperty(const ICIMClass& cls,
                                                            const std::string& name) const;

@@ -89,15 +89,15 @@ TEST_F(LocalTimeBaseTest, WhatIsPlainlyValidIsValidWithAnyMinuteAndHour) {
   TCIMDateTimeImpl last = Fields(2989, 12, 31, 65535);
   last.fSecond = 65535;
   const TCIMDateTimeImpl first = Fields(1972, 0, 0, 0);
-  ASSERT_TRUE(LocalTimeBase::IsPlainlyValid(first));
-  ASSERT_TRUE(LocalTimeBase::IsPlainlyValid(last));
+  ASSERT_TRUE(LocalTimeBase::IsPlainlyValid(first.fYear, first.fMonth, first.fDay));
+  ASSERT_TRUE(LocalTimeBase::IsPlainlyValid(last.fYear, last.fMonth, last.fDay));
   EXPECT_TRUE(LocalTimeBase(first, -32767).IsValid());
   EXPECT_TRUE(LocalTimeBase(last, 65535 + 32768).IsValid());
   EXPECT_THAT(clock.TakeCalls(), IsEmpty());
   for (const TCIMDateTimeImpl& fields :
        {Fields(1969, 1, 1, 0), Fields(1970, 1, 1, 0), Fields(3000, 1, 1, 0), Fields(2024, 13, 1, 0),
         Fields(2024, 1, 4294967295u, 0)}) {
-    EXPECT_FALSE(LocalTimeBase::IsPlainlyValid(fields));
+    EXPECT_FALSE(LocalTimeBase::IsPlainlyValid(fields.fYear, fields.fMonth, fields.fDay));
   }
 }
 
