@@ -1,7 +1,6 @@
 #include <qdamemory/internal/CIMName.h>
 
 #include <cstddef>
-#include <cstring>
 
 #include <qdamemory/internal/Fail.h>
 #include <qdamemory/internal/Mix.h>
@@ -34,6 +33,19 @@ bool AreNameCharacters(std::uint64_t word) {
   return (fits & kHighBits) == kHighBits;
 }
 
+// Without a call, because names are short.
+bool EqualBytes(const char* left, const char* right, std::size_t size) {
+  if (size < 8) {
+    return LoadShort(left, size) == LoadShort(right, size);
+  }
+  for (std::size_t at = 0; at + 8 < size; at += 8) {
+    if (LoadWord(left + at) != LoadWord(right + at)) {
+      return false;
+    }
+  }
+  return LoadWord(left + size - 8) == LoadWord(right + size - 8);
+}
+
 bool IsNameCharacter(unsigned char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
          c >= 0x80;
@@ -63,7 +75,7 @@ bool EqualCIMNames(const std::string& left, const std::string& right) {
     return false;
   }
   // Nearly always the case is the same too.
-  if (std::memcmp(left.data(), right.data(), size) == 0) {
+  if (EqualBytes(left.data(), right.data(), size)) {
     return true;
   }
   for (std::size_t at = 0; at < size; ++at) {

@@ -15,7 +15,7 @@ TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> ns, const std::str
     // Through the constructor below, so that the body is released when the path is refused. The
     // namespace is not moved: it may be the last share, and the path still needs it.
     : TCIMReference(&ns, &context) {
-  SetPath(path);
+  fBody->SetPath(path, ns.get());
 }
 
 TCIMReference::TCIMReference(const boost::shared_ptr<ICIMNamespace>* ns,

@@ -100,11 +100,11 @@ std::string TCIMReferenceImpl::GetPath() const {
   return path.WithoutLast();
 }
 
-void TCIMReferenceImpl::SetPath(const std::string& path, int depth) {
+void TCIMReferenceImpl::SetPath(const std::string& path, const ICIMNamespace* held, int depth) {
   if (fNamespace.expired() || fClass || !fKeyBindings.empty()) {
     Throw(TQDAStatusCode::kQDAStatusInvalidOpSequence);
   }
-  ObjectPathParser(path, fNamespace, fContext, depth).Parse(*this);
+  ObjectPathParser(path, fNamespace, fContext, held, depth).Parse(*this);
 }
 
 const std::string& TCIMReferenceImpl::ClassName() const { return fClass->GetName(TContext()); }

@@ -26,8 +26,9 @@ class QDACORE_EXPORT TCIMReferenceImpl {
   ~TCIMReferenceImpl();
 
   std::string GetPath() const;
-  // `depth` paths, of which this is one, are being read already.
-  void SetPath(const std::string& path, int depth = 0);
+  // `held`: the namespace, when the caller holds it until this returns, or null. `depth` paths, of
+  // which this is one, are being read already.
+  void SetPath(const std::string& path, const ICIMNamespace* held = nullptr, int depth = 0);
   const std::string& ClassName() const;
   void SetClassName(const std::string& name);
   boost::shared_ptr<ICIMClass> GetClass() const;

@@ -25,8 +25,8 @@ bool IsNotFound(const TQDAException& failure) {
 
 ObjectPathParser::ObjectPathParser(const std::string& text,
                                    const boost::weak_ptr<ICIMNamespace>& ns,
-                                   const TContext& context, int depth)
-    : fText(text), fNamespace(ns), fContext(context), fPosition(0), fDepth(depth) {}
+                                   const TContext& context, const ICIMNamespace* held, int depth)
+    : fText(text), fNamespace(ns), fHeld(held), fContext(context), fPosition(0), fDepth(depth) {}
 
 void ObjectPathParser::Parse(TCIMReferenceImpl& body) { ParsePath(body, false); }
 
@@ -92,7 +92,7 @@ TCIMValue ObjectPathParser::ParseValue(TCIMValue::TCIMType type, std::string& te
   }
   GoDeeper();
   TCIMReference target(fNamespace.lock(), TContext());
-  target.GetBody()->SetPath(text, fDepth);
+  target.GetBody()->SetPath(text, nullptr, fDepth);
   --fDepth;
   return TCIMValue(target);
 }
@@ -119,7 +119,7 @@ std::string ObjectPathParser::ParsePropertyName() {
 
 boost::shared_ptr<ICIMClass> ObjectPathParser::LookUpClass(const std::string& name) const {
   try {
-    return fNamespace.lock()->GetClass(name, fContext);
+    return fHeld ? fHeld->GetClass(name, fContext) : fNamespace.lock()->GetClass(name, fContext);
   } catch (TQDAException& failure) {
     if (!IsNotFound(failure)) {
       throw TQDAException(failure.GetStatus());

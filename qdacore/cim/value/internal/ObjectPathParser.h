@@ -19,9 +19,12 @@ class TCIMReferenceImpl;
 
 class ObjectPathParser {
  public:
-  // All three must outlive the parser. `depth` paths are being read already.
+  // All three must outlive the parser. `held` is the namespace again, for a caller who holds it all
+  // the while, or null: taking a share of it for each class is not free. `depth` paths are being
+  // read already.
   ObjectPathParser(const std::string& text, const boost::weak_ptr<ICIMNamespace>& ns,
-                   const std::map<std::string, TCIMValue>& context, int depth = 0);
+                   const std::map<std::string, TCIMValue>& context, const ICIMNamespace* held,
+                   int depth);
 
   // Fills `body`, which has neither class nor keys. Throws what
   // TCIMReference::SetPath does; what was bound by then stays bound.
@@ -43,6 +46,7 @@ class ObjectPathParser {
 
   const std::string& fText;
   const boost::weak_ptr<ICIMNamespace>& fNamespace;
+  const ICIMNamespace* const fHeld;
   const std::map<std::string, TCIMValue>& fContext;
   std::size_t fPosition;
   int fDepth;

@@ -45,7 +45,7 @@ class ObjectPathParserTest : public testing::Test {
     const TCIMReference owner;
     Context bodysContext;
     TCIMReferenceImpl body(&owner, ns, bodysContext);
-    ObjectPathParser(text, weak, context).Parse(body);
+    ObjectPathParser(text, weak, context, nullptr, 0).Parse(body);
     return body.GetPath();
   }
 
