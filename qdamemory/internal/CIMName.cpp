@@ -69,6 +69,10 @@ std::uint32_t HashCIMName(const std::string& name) {
   return static_cast<std::uint32_t>(Finish(hash));
 }
 
+bool IsSameText(const std::string& left, const std::string& right) {
+  return left.size() == right.size() && EqualBytes(left.data(), right.data(), left.size());
+}
+
 bool EqualCIMNames(const std::string& left, const std::string& right) {
   const std::size_t size = left.size();
   if (size != right.size()) {

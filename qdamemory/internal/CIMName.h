@@ -12,6 +12,9 @@ namespace NZRVQDA20 {
 // Equal for names that are equal without case.
 std::uint32_t HashCIMName(const std::string& name);
 
+// Equal with case: the short way to the answer for a name that was just used.
+bool IsSameText(const std::string& left, const std::string& right);
+
 bool EqualCIMNames(const std::string& left, const std::string& right);
 
 // A letter, an underscore or a byte of a character beyond ASCII, then those and digits.

@@ -24,6 +24,7 @@ TMemoryClass::TMemoryClass(TMemoryNamespace& ns, const std::string& name,
       fIsAssociation(superclass && superclass->fIsAssociation),
       fIsAbstract(false),
       fSlotCount(superclass ? superclass->fSlotCount : 0),
+      fLastFound(0),
       fKeys(0) {}
 
 TMemoryClass::~TMemoryClass() {

@@ -13,6 +13,7 @@
 #ifndef QDAMEMORY_INTERNAL_TMEMORYCLASS_H
 #define QDAMEMORY_INTERNAL_TMEMORYCLASS_H
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -157,6 +158,9 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
   // How many slots there are, inherited ones included.
   std::uint32_t fSlotCount;
   TPropertyDeclList fProperties;
+  // The one that was asked for last, once none can be added any more: whoever reads a path asks
+  // twice for each of its keys. Atomic, because reading operations may run side by side.
+  mutable std::atomic<const TMemoryPropertyDecl*> fLastFound;
   std::vector<std::unique_ptr<TMemoryMethodDecl> > fMethodDecls;
   std::vector<std::unique_ptr<TMemoryStaticProperty::TNode> > fStaticProperties;
 

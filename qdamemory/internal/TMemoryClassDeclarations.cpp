@@ -76,9 +76,16 @@ const TMemoryPropertyDecl* TMemoryClass::FindProperty(const std::string& name,
 }
 
 const TMemoryPropertyDecl* TMemoryClass::RequireProperty(const std::string& name) const {
-  const TMemoryPropertyDecl* decl = FindProperty(name, HashCIMName(name));
+  const TMemoryPropertyDecl* decl = fLastFound.load(std::memory_order_relaxed);
+  if (decl != 0 && IsSameText(decl->Name(), name)) {
+    return decl;
+  }
+  decl = FindProperty(name, HashCIMName(name));
   if (decl == 0) {
     Fail(TQDAStatusCode::kQDAStatusNotFound);
+  }
+  if (fIsCommitted) {
+    fLastFound.store(decl, std::memory_order_relaxed);
   }
   return decl;
 }

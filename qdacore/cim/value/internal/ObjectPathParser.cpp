@@ -1,5 +1,7 @@
 #include <qdacore/cim/value/internal/ObjectPathParser.h>
 
+#include <cstring>
+
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/cim/object/ICIMPropertyDecl.h>
@@ -34,7 +36,7 @@ void ObjectPathParser::ParsePath(TCIMReferenceImpl& body, bool nested) {
   if (nested) {
     ++fPosition;  // over the opening quote
   }
-  const std::size_t dot = fText.find('.', fPosition);
+  const std::size_t dot = Find('.');
   if (dot == std::string::npos) {
     // A class and no keys. In a nested path this takes in the closing quote and fails in the
     // lookup: a nested reference must have keys.
@@ -103,12 +105,20 @@ void ObjectPathParser::GoDeeper() {
   }
 }
 
+// From the position on.
+std::size_t ObjectPathParser::Find(char character) const {
+  const char* const begin = fText.data();
+  const void* const found = std::memchr(begin + fPosition, character, fText.size() - fPosition);
+  return found ? static_cast<std::size_t>(static_cast<const char*>(found) - begin)
+               : std::string::npos;
+}
+
 // Leaves the position on the "=".
 std::string ObjectPathParser::ParsePropertyName() {
   if (fText[fPosition] != ',' && fText[fPosition] != '.') {
     Refuse("Reference missing '.' or ',', path=" + fText);
   }
-  const std::size_t equals = fText.find('=', fPosition);
+  const std::size_t equals = Find('=');
   if (equals == std::string::npos) {
     Refuse("Reference missing property value, path=" + fText);
   }
@@ -151,9 +161,13 @@ std::string ObjectPathParser::ReadQuotedValue() {
     while (mark < end && *mark != '"' && *mark != '\\') {
       ++mark;
     }
-    value.append(begin, mark);
     fPosition = static_cast<std::size_t>(mark - fText.data());
-    if (!AtEnd() && fText[fPosition] == '"') {
+    const bool isClosed = mark < end && *mark == '"';
+    if (isClosed && value.empty()) {
+      return std::string(begin, mark);
+    }
+    value.append(begin, mark);
+    if (isClosed) {
       return value;
     }
     ++fPosition;  // over the backslash

@@ -39,6 +39,7 @@ class ObjectPathParser {
   boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name) const;
   boost::shared_ptr<const ICIMPropertyDecl> LookUpProperty(const ICIMClass& cls,
                                                            const std::string& name) const;
+  std::size_t Find(char character) const;
   std::string ParsePropertyName();
   std::string ReadQuotedValue();
   bool AtEnd() const { return fPosition >= fText.size(); }
