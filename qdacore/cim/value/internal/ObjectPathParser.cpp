@@ -89,6 +89,10 @@ TCIMValue ObjectPathParser::ParseNestedPath() {
 // As the constructor of TCIMValue reads its text, but that a path within a path counts as deeper,
 // also where a declaration's default does not tell that it is one.
 TCIMValue ObjectPathParser::ParseValue(TCIMValue::TCIMType type, std::string& text) {
+  if (type == TCIMValue::TCIMType::kCIMTypeString) {
+    // Most keys are strings, and a string's text is the value as it stands.
+    return TCIMValue(text);
+  }
   if (type != TCIMValue::TCIMType::kCIMTypeReference) {
     return TCIMValue(type, text, boost::shared_ptr<ICIMNamespace>());
   }
