@@ -4,7 +4,7 @@ namespace NZRVQDA20 {
 namespace host {
 
 // Plain pointers, null from the start: no work at load.
-Replacements replacements = {nullptr, nullptr, nullptr, nullptr};
+Replacements replacements;
 
 Clock& HostClock() { return replacements.clock ? *replacements.clock : SystemClock(); }
 

@@ -20,10 +20,10 @@ Modules& SystemModules();
 
 // A null pointer stands for the host's own. Not guarded against threads.
 struct Replacements {
-  Clock* clock;
-  EventLog* eventLog;
-  Files* files;
-  Modules* modules;
+  Clock* clock = nullptr;
+  EventLog* eventLog = nullptr;
+  Files* files = nullptr;
+  Modules* modules = nullptr;
 };
 extern Replacements replacements;
 

@@ -98,6 +98,18 @@ class TOSSpecific {
   QDACORE_EXPORT static std::string BuildRegistrationPath(std::string pluginPath,
                                                           std::string extension);
 
+  // --- Paths, files and directories ----------------------------------------------------
+
+  // --- Processes and capture -----------------------------------------------------------
+
+  // --- File transfer -------------------------------------------------------------------
+
+  // --- SMBIOS machine identification ---------------------------------------------------
+
+  // --- Host services -------------------------------------------------------------------
+
+  // --- Text ----------------------------------------------------------------------------
+
  private:
   static std::vector<std::string> FindNSServices(std::string kind);
 };

@@ -18,7 +18,7 @@ using namespace NZRVQDA20;
 class ScopedHost {
  public:
   explicit ScopedHost(const host::Replacements& fakes) { host::replacements = fakes; }
-  ~ScopedHost() { host::replacements = {nullptr, nullptr, nullptr, nullptr}; }
+  ~ScopedHost() { host::replacements = {}; }
   ScopedHost(const ScopedHost&) = delete;
   ScopedHost& operator=(const ScopedHost&) = delete;
 };
