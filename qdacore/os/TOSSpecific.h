@@ -112,6 +112,10 @@ class TOSSpecific {
 
  private:
   static std::vector<std::string> FindNSServices(std::string kind);
+
+  // One line at kLogDebug in the core log: "TOSSpecific debug output: " and `text`. Without a core
+  // logger it is lost.
+  static void DebugOut(std::string text);
 };
 
 }  // namespace NZRVQDA20
