@@ -8,6 +8,7 @@
 #include <qdacore/host/Paths.h>
 #include <qdacore/logging/internal/CoreLog.h>
 #include <qdacore/os/TOSSpecific.h>
+#include <qdacore/os/internal/CallerPath.h>
 #include <qdacore/plugin/INamespaceConsumer.h>
 
 namespace NZRVQDA20 {
@@ -53,21 +54,10 @@ std::string Join(const std::string& directory, const std::string& name) {
 
 // A name that holds a NUL would be cut there, and another file loaded.
 host::Outcome LoadModule(const std::string& path, host::Modules::Module& module) {
-  if (path.find('\0') != std::string::npos) {
+  if (HoldsNul(path)) {
     return {host::Situation::kNoFile, kModuleNotFound};
   }
   return host::HostModules().Load(path, module);
-}
-
-// Both separators are accepted in a path that a caller gives. One that is there as it stands is
-// taken so, because a folder's name may hold the other one.
-template <class Attempt>
-host::Outcome TryBothSeparators(const std::string& path, Attempt attempt) {
-  const host::Outcome outcome = attempt(path);
-  const bool isMissing = outcome.situation == host::Situation::kNoFile ||
-                         outcome.situation == host::Situation::kNoPath;
-  const std::string other = host::FromCaller(path);
-  return isMissing && other != path ? attempt(other) : outcome;
 }
 
 std::string ServiceModulePath(const std::string& name, const char* kind) {
