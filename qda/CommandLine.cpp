@@ -1,112 +1,54 @@
 #include <qda/CommandLine.h>
 
 #include <iostream>
-#include <map>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
+#include <qda/CommandOptions.h>
+#include <qda/CommandTable.h>
 #include <qda/Text.h>
 
 namespace qda {
 
-using NZRVQDA20::ILogger;
-
 namespace {
+
+typedef std::function<int()> Runner;
 
 const char kExitCodes[] = "Exit codes: 0 done, 1 failed, 2 wrong usage.";
 
-CLI::Validator NotEmpty() {
-  return CLI::Validator(
-      [](std::string& value) { return value.empty() ? std::string("is empty") : std::string(); },
-      "");
-}
-
-// An option whose argument is one of some names; each stands for a value.
-template <class T>
-CLI::Option* AddChoice(CLI::App* command, const std::string& names, T* target,
-                       const std::map<std::string, T>& choices) {
-  const auto store = [target, choices, names](const std::string& name) {
-    const auto found = choices.find(name);
-    if (found == choices.end()) {
-      std::string known;
-      for (const auto& choice : choices) {
-        known += (known.empty() ? "" : ", ") + choice.first;
-      }
-      throw CLI::ValidationError(names, "\"" + name + "\" is none of " + known);
+// All that a run needs when a command's name is the first word, as in every command line that is
+// right but those for help and version: declaring what is not asked for takes time.
+std::vector<const Command*> CommandsFor(int argc, char** argv) {
+  const std::vector<const Command*> all = AllCommands();
+  for (const Command* command : all) {
+    if (argc > 1 && std::string(command->name) == argv[1]) {
+      return {command};
     }
-    *target = found->second;
-  };
-  return command->add_option_function<std::string>(names, store);
+  }
+  return all;
 }
 
-void AddFormat(CLI::App* command, Options* options) {
-  AddChoice<Format>(command, "-o,--output", &options->format,
-                    {{"table", Format::kTable}, {"json", Format::kJson}})
-      ->option_text("FORMAT")
-      ->description("table (default) or json")
-      ->group("Output");
-}
-
-void AddLog(CLI::App* command, Options* options) {
-  CLI::Option* const file =
-      command->add_option("--log", options->logFile, "Write the log of this run to FILE")
-          ->option_text("FILE")
-          ->check(NotEmpty())
-          ->group("Log");
-  AddChoice<ILogger::EQDALogSeverity>(command, "--log-level", &options->logLevel,
-                                      {{"error", ILogger::kLogError},
-                                       {"warning", ILogger::kLogWarning},
-                                       {"status", ILogger::kLogStatus},
-                                       {"debug", ILogger::kLogDebug},
-                                       {"verbose", ILogger::kLogVerbose}})
-      ->option_text("LEVEL")
-      ->description("error, warning, status (default), debug\nor verbose")
-      ->needs(file)
-      ->group("Log");
-}
-
-CLI::App* AddCommand(CLI::App* app, Options* options, Command which, const char* name,
-                     const char* description) {
-  CLI::App* const command = app->add_subcommand(name, description);
-  command->group("Commands")->footer(kExitCodes);
-  command->callback([options, which] { options->command = which; });
-  return command;
-}
-
-void AddIdentify(CLI::App* app, Options* options) {
-  CLI::App* const command = AddCommand(app, options, Command::kIdentify, "identify",
-                                       "Tell the machine's type, model and other facts");
-  command
-      ->add_option("--provider", options->provider,
-                   "Ask the provider of this name, not \"machine\"")
-      ->option_text("NAME")
-      ->check(NotEmpty())
-      ->group("Source");
-  command
-      ->add_option("--smbios-dump", options->smbiosDump,
-                   "Read FILE, as \"dmidecode --dump-bin\"\nwrites it, in place of the firmware")
-      ->option_text("FILE")
-      ->check(NotEmpty())
-      ->group("Source");
-  AddFormat(command, options);
-  AddLog(command, options);
-}
-
-void AddProviders(CLI::App* app, Options* options) {
-  CLI::App* const command = AddCommand(app, options, Command::kProviders, "providers",
-                                       "List the provider modules beside this program");
-  AddFormat(command, options);
-  AddLog(command, options);
+void Declare(CLI::App* app, const Command& command, RunOptions* run, Runner* chosen,
+             std::vector<Runner>* runners) {
+  CLI::App* const sub = app->add_subcommand(command.name, command.description);
+  sub->group(command.group)->footer(kExitCodes);
+  const std::size_t index = runners->size();
+  runners->push_back(command.declare(sub, run));
+  AddLog(sub, run);
+  sub->callback([&command, run, chosen, runners, index] {
+    run->command = command.name;
+    *chosen = (*runners)[index];
+  });
 }
 
 void ComplainOfUsage(const std::string& what) { Complain(what + "; see \"qda --help\""); }
 
 }  // namespace
 
-bool ParseCommandLine(int argc, char** argv, Options* options, int* exitCode) {
-  CLI::App app("Reads a machine's identity through the collector's plug-ins.", "qda");
+std::function<int()> ParseCommandLine(int argc, char** argv, RunOptions* run, int* exitCode) {
+  CLI::App app("Tells what a machine is and has, through the collector's plug-ins.", "qda");
   // The same command lines on every platform: /x is a file name everywhere.
   app.allow_windows_style_options(false);
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
@@ -114,24 +56,32 @@ bool ParseCommandLine(int argc, char** argv, Options* options, int* exitCode) {
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.require_subcommand(1);
   app.footer(std::string(kExitCodes) + "\n\"qda COMMAND --help\" tells the options of a command.");
-  AddIdentify(&app, options);
-  AddProviders(&app, options);
+  Runner chosen;
+  std::vector<Runner> runners;
+  for (const Command* command : CommandsFor(argc, argv)) {
+    Declare(&app, *command, run, &chosen, &runners);
+  }
   try {
     app.parse(argc, argv);
-    return true;
+    return chosen;
   } catch (const CLI::Success& done) {
     app.exit(done);
     *exitCode = std::cout.flush() ? kExitDone : kExitFailed;
-  } catch (const CLI::RequiredError&) {
+  } catch (const CLI::RequiredError& error) {
     const std::vector<std::string> unknown = app.remaining();
-    ComplainOfUsage(unknown.empty() ? "no command is given"
-                                    : "\"" + unknown[0] + "\" is no command");
+    if (!app.get_subcommands().empty()) {
+      // An argument of a command.
+      ComplainOfUsage(error.what());
+    } else {
+      ComplainOfUsage(unknown.empty() ? "no command is given"
+                                      : "\"" + unknown[0] + "\" is no command");
+    }
     *exitCode = kExitWrongUsage;
   } catch (const CLI::ParseError& error) {
     ComplainOfUsage(error.what());
     *exitCode = kExitWrongUsage;
   }
-  return false;
+  return Runner();
 }
 
 }  // namespace qda

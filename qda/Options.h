@@ -1,4 +1,4 @@
-// What the command line asks for.
+// What several commands are asked with, and the exit codes.
 
 #ifndef QDA_OPTIONS_H
 #define QDA_OPTIONS_H
@@ -9,16 +9,20 @@
 
 namespace qda {
 
-enum class Command { kIdentify, kProviders };
 enum class Format { kTable, kJson };
 
-struct Options {
-  Command command = Command::kIdentify;
+// What every run has. A command that prints no table leaves the format alone.
+struct RunOptions {
+  std::string command;  // its name
   Format format = Format::kTable;
+  std::string logFile;  // empty: no log
+  NZRVQDA20::ILogger::EQDALogSeverity logLevel = NZRVQDA20::ILogger::kLogStatus;
+};
+
+// Whose namespace a command reads.
+struct SourceOptions {
   std::string provider = "machine";
   std::string smbiosDump;  // empty: not given
-  std::string logFile;     // empty: no log
-  NZRVQDA20::ILogger::EQDALogSeverity logLevel = NZRVQDA20::ILogger::kLogStatus;
 };
 
 // The exit codes of the program.

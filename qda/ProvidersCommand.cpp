@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <qda/CommandOptions.h>
 #include <qda/ProviderModules.h>
 #include <qda/ProvidersOutput.h>
 #include <qda/Text.h>
@@ -11,18 +12,27 @@
 
 namespace qda {
 
-int RunProviders(const Options& options) {
+namespace {
+
+int RunProviders(Format format) {
   const std::string folder = NZRVQDA20::TOSSpecific::GetQDARootPath();
   const std::vector<ProviderModule> modules = LoadProviderModules();
-  const bool isPrinted = Print(options.format == Format::kJson ? ProvidersJson(folder, modules)
-                                                               : ProvidersTable(folder, modules));
-  if (!isPrinted) {
-    Complain("standard output: the result cannot be written");
-  }
+  const bool isPrinted = PrintResult(format == Format::kJson ? ProvidersJson(folder, modules)
+                                                             : ProvidersTable(folder, modules));
   const bool allLoaded =
       std::all_of(modules.begin(), modules.end(),
                   [](const ProviderModule& module) { return module.failure.empty(); });
   return allLoaded && isPrinted ? kExitDone : kExitFailed;
 }
+
+std::function<int()> DeclareProviders(CLI::App* app, RunOptions* run) {
+  AddFormat(app, run);
+  return [run] { return RunProviders(run->format); };
+}
+
+}  // namespace
+
+const Command kProvidersCommand = {
+    "providers", "Plug-ins", "List the provider modules beside this program", DeclareProviders};
 
 }  // namespace qda

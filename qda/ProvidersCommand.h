@@ -1,15 +1,14 @@
-// qda providers
+// qda providers: loads every provider module and prints what became of it. kExitFailed when one
+// did not load.
 
 #ifndef QDA_PROVIDERSCOMMAND_H
 #define QDA_PROVIDERSCOMMAND_H
 
-#include <qda/Options.h>
+#include <qda/Command.h>
 
 namespace qda {
 
-// Loads every provider module and prints what became of it. Returns the exit code: kExitFailed
-// when one did not load. Needs a core logger.
-int RunProviders(const Options& options);
+extern const Command kProvidersCommand;
 
 }  // namespace qda
 

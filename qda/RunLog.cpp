@@ -29,7 +29,7 @@ void LogNowhere(ILogger& logger) {
 
 }  // namespace
 
-RunLog::RunLog(const Options& options) {
+RunLog::RunLog(const RunOptions& options) {
   TLogger::Initialize();
   ILogger& logger = *TRootObject::GetCoreLogger();
   logger.SetLogThreshold(options.logLevel);

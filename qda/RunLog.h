@@ -18,7 +18,7 @@ class RunLog {
  public:
   // Throws TQDAException with kQDAStatusAccessDenied or kQDAStatusFileSystemError when the log
   // file cannot be opened.
-  explicit RunLog(const Options& options);
+  explicit RunLog(const RunOptions& options);
 
   // Ends the core logger, which writes the closing banner.
   ~RunLog();

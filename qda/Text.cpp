@@ -95,6 +95,14 @@ bool Print(const std::string& text) {
   return std::fflush(stdout) == 0 && !std::ferror(stdout);
 }
 
+bool PrintResult(const std::string& text) {
+  if (Print(text)) {
+    return true;
+  }
+  Complain("standard output: the result cannot be written");
+  return false;
+}
+
 void Complain(const std::string& message) {
   try {
     fmt::print(stderr, "qda: {}\n", Printable(message));

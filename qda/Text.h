@@ -19,6 +19,9 @@ std::string Columns(const std::vector<std::vector<std::string>>& rows);
 // Writes to standard output and flushes it. False when not all of it could be written.
 bool Print(const std::string& text);
 
+// The same, and says so on standard error when it could not.
+bool PrintResult(const std::string& text);
+
 // One line "qda: MESSAGE" on standard error; the message is made printable.
 void Complain(const std::string& message);
 

@@ -1,6 +1,7 @@
 // The command line: help, version, and what is refused.
 
 #include <algorithm>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -84,8 +85,22 @@ TEST(Usage, HelpOfACommandIsInGroups) {
                                 HasSubstr("--log FILE"), HasSubstr("--log-level LEVEL")));
 }
 
+// The names of the commands, as the help lists them: two blanks in front, and no option.
+std::vector<std::string> Commands() {
+  std::istringstream help(RunQda({"--help"}).output);
+  std::vector<std::string> commands;
+  for (std::string line; std::getline(help, line);) {
+    if (line.size() > 2 && line.compare(0, 2, "  ") == 0 && line[2] >= 'a' && line[2] <= 'z') {
+      commands.push_back(line.substr(2, line.find(' ', 2) - 2));
+    }
+  }
+  return commands;
+}
+
 TEST(Usage, HelpFitsATerminal) {
-  for (const char* command : {"identify", "providers"}) {
+  const std::vector<std::string> commands = Commands();
+  EXPECT_THAT(commands, testing::IsSupersetOf({"identify", "providers"}));
+  for (const std::string& command : commands) {
     const std::string help = RunQda({command, "-h"}).output;
     for (std::size_t begin = 0; begin < help.size();) {
       const std::size_t end = help.find('\n', begin);
@@ -111,14 +126,19 @@ std::string WithoutBackslashes(std::string text) {
   return text;
 }
 
-TEST(Usage, EveryOptionOfTheHelpIsInTheDocuments) {
+TEST(Usage, EveryCommandAndOptionOfTheHelpIsInTheDocuments) {
   const std::string page = test_support::ReadTextFile(QDA_DOCS "/qda.md");
   // A manual page writes "\-" for a minus sign.
   const std::string manual = WithoutBackslashes(test_support::ReadTextFile(QDA_DOCS "/qda.1"));
   const std::string completion = test_support::ReadTextFile(QDA_COMPLETION);
-  const std::vector<std::string> options =
-      OptionsOf(RunQda({"--help"}).output + RunQda({"identify", "--help"}).output +
-                RunQda({"providers", "--help"}).output);
+  std::string help = RunQda({"--help"}).output;
+  for (const std::string& command : Commands()) {
+    EXPECT_THAT(page, HasSubstr("## qda " + command + "\n"));
+    EXPECT_THAT(manual, HasSubstr("\n.B " + command + "\n"));
+    EXPECT_THAT(completion, HasSubstr(" " + command + " "));
+    help += RunQda({command, "--help"}).output;
+  }
+  const std::vector<std::string> options = OptionsOf(help);
   EXPECT_GE(options.size(), 12u);
   for (const std::string& option : options) {
     // Named in the help of an option, as a command to run.

@@ -1,0 +1,34 @@
+// The namespace that a command reads: from the modules beside the program to what a provider
+// serves.
+
+#ifndef QDA_SOURCENAMESPACE_H
+#define QDA_SOURCENAMESPACE_H
+
+#include <string>
+
+#include <boost/shared_ptr.hpp>
+
+#include <qda/Options.h>
+
+namespace NZRVQDA20 {
+class ICIMNamespace;
+}
+
+namespace qda {
+
+// Loads the provider modules, looks the provider up and asks it. An empty pointer after what is in
+// the way has been told on standard error; a module that does not load is told and passed over, for
+// the provider may be in another one. Throws TQDAException when the program's folder cannot be
+// searched. Needs a core logger.
+boost::shared_ptr<NZRVQDA20::ICIMNamespace> OpenNamespace(const SourceOptions& source);
+
+// Makes `file` the table that is read in place of the firmware's, for everything in this process;
+// an empty name changes nothing. False, after a message, when the system refuses.
+bool UseSmbiosDump(const std::string& file);
+
+// What the log has kept of warnings and errors, as the end of a message: ": TEXT", or nothing.
+std::string KeptWarnings();
+
+}  // namespace qda
+
+#endif
