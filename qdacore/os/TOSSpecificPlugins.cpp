@@ -3,12 +3,12 @@
 #include <optional>
 
 #include <qdacore/frame/internal/Throw.h>
-#include <qdacore/host/Files.h>
 #include <qdacore/host/Modules.h>
 #include <qdacore/host/Paths.h>
 #include <qdacore/logging/internal/CoreLog.h>
 #include <qdacore/os/TOSSpecific.h>
 #include <qdacore/os/internal/CallerPath.h>
+#include <qdacore/os/internal/DirectorySearch.h>
 #include <qdacore/plugin/INamespaceConsumer.h>
 
 namespace NZRVQDA20 {
@@ -22,29 +22,6 @@ const std::size_t kServiceEndingLength = 8;  // ".nsp.dll"
 
 // What every loader gives for a name that no file can have.
 const unsigned long kModuleNotFound = 126;
-
-// A search that is closed again whichever way the scope is left.
-class DirectorySearch {
- public:
-  DirectorySearch(const std::string& directory, const std::string& pattern)
-      : fOutcome(host::HostFiles().FindFirst(directory, pattern, fSearch, fEntry)) {}
-  ~DirectorySearch() {
-    if (fOutcome.Done()) {
-      host::HostFiles().CloseSearch(fSearch);
-    }
-  }
-  DirectorySearch(const DirectorySearch&) = delete;
-  DirectorySearch& operator=(const DirectorySearch&) = delete;
-
-  const host::Outcome& Opening() const { return fOutcome; }
-  const host::FoundEntry& Entry() const { return fEntry; }
-  bool Next() { return host::HostFiles().FindNext(fSearch, fEntry); }
-
- private:
-  host::Files::Search fSearch = nullptr;
-  host::FoundEntry fEntry;
-  const host::Outcome fOutcome;
-};
 
 [[noreturn]] void FileSystemError() { Throw(TQDAStatusCode::kQDAStatusFileSystemError); }
 
@@ -77,7 +54,7 @@ void AppendMatches(const std::string& folder, const std::string& pattern,
   }
   do {
     paths.push_back(Join(folder, search.Entry().name));
-  } while (search.Next());
+  } while (search.Next().Done());
 }
 
 // `pluginPath` up to the first ending of a plug-in, wherever that stands, and then `ending`.
@@ -123,7 +100,7 @@ std::vector<std::string> TOSSpecific::FindNSServices(std::string kind) {
     names.push_back(name.size() > kServiceEndingLength
                         ? name.substr(0, name.size() - kServiceEndingLength)
                         : std::string());
-  } while (search.Next());
+  } while (search.Next().Done());
   return names;
 }
 
@@ -150,7 +127,7 @@ std::vector<std::string> TOSSpecific::FindPlugins(std::string directory, std::st
     if (entry.isDirectory && entry.name[0] != '.') {
       AppendMatches(Join(root, entry.name), pattern, paths);
     }
-  } while (folders.Next());
+  } while (folders.Next().Done());
   return paths;
 }
 

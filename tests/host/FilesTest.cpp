@@ -25,7 +25,7 @@ Found Search(const std::string& directory, const std::string& pattern) {
   if (found.outcome.Done()) {
     do {
       found.names.push_back(entry.name + (entry.isDirectory ? "/" : ""));
-    } while (SystemFiles().FindNext(search, entry));
+    } while (SystemFiles().FindNext(search, entry).Done());
     SystemFiles().CloseSearch(search);
   }
   std::sort(found.names.begin(), found.names.end());

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <qdacore/host/HostServices.h>
+#include <tests/host/ForwardingFiles.h>
 
 namespace host_fakes {
 
@@ -77,8 +78,8 @@ class RecordingEventLog final : public host::EventLog {
   std::vector<std::string> calls;
 };
 
-// Directories of a test's own. One that is not there is a path not found.
-class FakeFiles final : public host::Files {
+// Directories of a test's own. One that is not there is a path not found. All else is the host's.
+class FakeFiles final : public ForwardingFiles {
  public:
   struct Directory {
     // Unless it is kDone, what opening a search in it gives.
@@ -103,16 +104,16 @@ class FakeFiles final : public host::Files {
     entry = open->entries.at(0);
     return host::Success();
   }
-  bool FindNext(Search search, host::FoundEntry& entry) override {
+  host::Outcome FindNext(Search search, host::FoundEntry& entry) override {
     Open& open = *static_cast<Open*>(search);
     if (open.next == failAtEntry) {
       throw std::bad_alloc();
     }
     if (open.next == open.entries.size()) {
-      return false;
+      return {host::Situation::kNoFile, 18};
     }
     entry = open.entries[open.next++];
-    return true;
+    return host::Success();
   }
   void CloseSearch(Search search) override {
     delete static_cast<Open*>(search);
