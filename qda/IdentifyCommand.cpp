@@ -68,7 +68,7 @@ bool CheckIdentity(const Identity& identity, const SourceOptions& options) {
 }
 
 int RunIdentify(const SourceOptions& options, Format format) {
-  const boost::shared_ptr<ICIMNamespace> ns = OpenNamespace(options);
+  const boost::shared_ptr<ICIMNamespace> ns = OpenNamespace(options, "system");
   if (!ns) {
     return kExitFailed;
   }

@@ -70,10 +70,15 @@ shared_ptr<INamespaceSource> FindSource(const std::string& name) {
   return source;
 }
 
-shared_ptr<ICIMNamespace> ReadNamespace(INamespaceSource& source, const std::string& provider) {
+shared_ptr<ICIMNamespace> ReadNamespace(INamespaceSource& source, const std::string& provider,
+                                        const std::string& scope) {
   shared_ptr<ICIMNamespace> ns;
   try {
-    ns = source.GetNamespace(std::map<std::string, TCIMValue>());
+    std::map<std::string, TCIMValue> context;
+    if (!scope.empty()) {
+      context["scope"] = TCIMValue(scope);
+    }
+    ns = source.GetNamespace(context);
     if (!ns) {
       Complain(
           fmt::format("provider \"{}\": it gives no namespace (kQDAStatusNotFound)", provider));
@@ -100,13 +105,13 @@ std::string KeptWarnings() {
   return kept.empty() ? kept : ": " + kept;
 }
 
-shared_ptr<ICIMNamespace> OpenNamespace(const SourceOptions& source) {
+shared_ptr<ICIMNamespace> OpenNamespace(const SourceOptions& source, const std::string& scope) {
   if (!UseSmbiosDump(source.smbiosDump)) {
     return shared_ptr<ICIMNamespace>();
   }
   LoadModules();
   const shared_ptr<INamespaceSource> found = FindSource(source.provider);
-  return found ? ReadNamespace(*found, source.provider) : shared_ptr<ICIMNamespace>();
+  return found ? ReadNamespace(*found, source.provider, scope) : shared_ptr<ICIMNamespace>();
 }
 
 }  // namespace qda

@@ -20,7 +20,12 @@ namespace qda {
 // the way has been told on standard error; a module that does not load is told and passed over, for
 // the provider may be in another one. Throws TQDAException when the program's folder cannot be
 // searched. Needs a core logger.
-boost::shared_ptr<NZRVQDA20::ICIMNamespace> OpenNamespace(const SourceOptions& source);
+//
+// `scope` tells the provider how much is wanted, as the entry "scope" of the context: "system" is
+// what identifies the machine, which the machine provider reads much faster than everything.
+// Providers that know no scope serve all they have. Empty: everything, and no such entry.
+boost::shared_ptr<NZRVQDA20::ICIMNamespace> OpenNamespace(const SourceOptions& source,
+                                                          const std::string& scope = "");
 
 // Makes `file` the table that is read in place of the firmware's, for everything in this process;
 // an empty name changes nothing. False, after a message, when the system refuses.

@@ -1,12 +1,11 @@
-// The namespace that the provider serves: classes, and one instance of each.
+// The namespace that the provider serves.
 
 #ifndef PLUGINS_MACHINE_SCHEMA_H
 #define PLUGINS_MACHINE_SCHEMA_H
 
 #include <boost/shared_ptr.hpp>
 
-#include <plugins/machine/OperatingSystemFacts.h>
-#include <plugins/machine/SmbiosFacts.h>
+#include <plugins/machine/MachineFacts.h>
 
 namespace NZRVQDA20 {
 class ICIMNamespace;
@@ -14,24 +13,13 @@ class ICIMNamespace;
 
 namespace machine {
 
-struct MachineFacts {
-  SystemFacts system;
-  OperatingSystemFacts operatingSystem;
-};
-
-// A new namespace "root/cimv2" in memory. Classes with a DMTF name have the keys that DMTF
-// gives them (CIM Schema 2.49) and of the other properties only those that are filled here.
-//
-//   CIM_ComputerSystem    CreationClassName*, Name*
-//    ZRVSG_ComputerSystem   ProductName, SerialNumber, Manufacturer, UUID
-//   CIM_OperatingSystem   CSCreationClassName*, CSName*, CreationClassName*, Name*, OSType, Version
-//    ZRVSG_OperatingSystem
-//   CIM_Product           Name*, IdentifyingNumber*, Vendor*, Version*
-//    ZRVSG_QDAProduct       Build
-//
-// * is a key. OSType is uint16, Build is uint32, all else is string. A fact that is absent is a
-// typed null, also in a key. Throws nothing but std::bad_alloc.
-boost::shared_ptr<NZRVQDA20::ICIMNamespace> BuildNamespace(const MachineFacts& facts);
+// A new namespace "root/cimv2" in memory, with the classes that `scope` asks for and an object
+// for each thing that the facts tell of (docs/machine.md lists classes, properties and sources).
+// Classes with a DMTF name have the keys that DMTF gives them (CIM Schema 2.49) and of the other
+// properties only those that are filled here. A fact that is absent is a typed null, also in a
+// key. Throws nothing but std::bad_alloc.
+boost::shared_ptr<NZRVQDA20::ICIMNamespace> BuildNamespace(const MachineFacts& facts,
+                                                           Scope scope = Scope::kAll);
 
 }  // namespace machine
 

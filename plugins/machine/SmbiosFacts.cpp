@@ -52,6 +52,7 @@ class Table {
   Table& operator=(const Table&) = delete;
 
   TQDAStatusCode Status() const { return fStatus; }
+  void* Handle() const { return fHandle; }
   bool IsThere() const { return fHandle != nullptr; }
 
   // The first structure of `type`.
@@ -124,24 +125,29 @@ std::optional<std::string> FormatUuid(const unsigned char* bytes) {
   return text;
 }
 
-SystemFacts ReadSystemFacts() {
+SmbiosReading ReadSmbios(bool all) {
+  SmbiosReading reading;
   const Table table;
   if (!IsOK(table.Status())) {
     ReportNoTable(table.Status());
-    return SystemFacts();
+    return reading;
   }
   if (!table.IsThere()) {
     Log(ILogger::kLogWarning, "this machine has no SMBIOS table");
-    return SystemFacts();
+    return reading;
   }
   std::vector<unsigned char> structure;
   const TQDAStatusCode status = table.Get(kSystemInformation, &structure);
-  if (!IsOK(status)) {
+  if (IsOK(status)) {
+    reading.system = ParseSystemInformation(structure.data(), structure.size());
+  } else {
     Log(ILogger::kLogWarning,
         "the SMBIOS table's System Information cannot be read" + InBrackets(status));
-    return SystemFacts();
   }
-  return ParseSystemInformation(structure.data(), structure.size());
+  if (all) {
+    reading.structures = SmbiosStructures(table.Handle());
+  }
+  return reading;
 }
 
 }  // namespace machine

@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include <plugins/machine/SmbiosStructures.h>
+
 namespace machine {
 
 // What the table does not have is absent. The strings are untouched: blanks at their ends and
@@ -29,11 +31,18 @@ SystemFacts ParseSystemInformation(const void* structure, std::size_t size);
 // rule. All bytes 00h (not set) and all FFh (not present) are absent.
 std::optional<std::string> FormatUuid(const unsigned char* bytes);
 
-// The facts of the table that the smbios library loads. A machine without a table, or whose
+// What the table that the smbios library loads says about the system, and, when `all`, all its
+// structures.
+struct SmbiosReading {
+  SystemFacts system;
+  SmbiosStructures structures;
+};
+
+// Reads the table that the smbios library loads. A machine without a table, or whose
 // table may not be read, gives no facts and a warning in the core log. But when the variable
 // QDA_SMBIOS_DUMP names a file, that very file is wanted: one that cannot be read throws
 // TQDAException with the status of smBiosLoad, after an error line in the core log.
-SystemFacts ReadSystemFacts();
+SmbiosReading ReadSmbios(bool all);
 
 }  // namespace machine
 

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <boost/function.hpp>
 
+#include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/identity/TCIMSchemaHelper.h>
 #include <smbios/SmbiosFields.h>
@@ -58,6 +60,57 @@ TEST(MachineProviderTest, ReadsItsFactsOnce) {
   }
   const ScopedEnvironment dump(kVariable, "there is no such file");
   EXPECT_EQ(first, provider.GetNamespace(Context()));
+}
+
+Context Scoped(const TCIMValue& scope) {
+  Context context;
+  context["scope"] = scope;
+  return context;
+}
+
+std::vector<std::string> ClassesOf(const boost::shared_ptr<ICIMNamespace>& ns) {
+  std::vector<std::string> names;
+  boost::function<bool(boost::shared_ptr<ICIMClass>)> collect =
+      [&names](boost::shared_ptr<ICIMClass> cls) {
+        names.push_back(cls->GetName(Context()));
+        return true;
+      };
+  ns->EnumerateClasses(collect, Context());
+  return names;
+}
+
+TEST(MachineProviderScope, OfTheSystemIsTheIdentityAndNothingElse) {
+  const ScopedEnvironment dump(kVariable, SMBIOS_SAMPLE_FILE);
+  MachineProvider provider;
+  const boost::shared_ptr<ICIMNamespace> ns = provider.GetNamespace(Scoped(TCIMValue("system")));
+  EXPECT_EQ("1234AC1", TCIMSchemaHelper::GetMTM(ns));
+  EXPECT_EQ((std::vector<std::string>{"CIM_ManagedElement", "CIM_Product"}), ClassesOf(ns));
+  EXPECT_STATUS(kQDAStatusNotFound, ns->GetClass("CIM_Chassis", Context()));
+  EXPECT_STATUS(kQDAStatusNotFound, ns->GetClass("CIM_SystemDevice", Context()));
+}
+
+TEST(MachineProviderScope, IsKeptApartFromTheWhole) {
+  const ScopedEnvironment dump(kVariable, SMBIOS_SAMPLE_FILE);
+  MachineProvider provider;
+  const boost::shared_ptr<ICIMNamespace> system =
+      provider.GetNamespace(Scoped(TCIMValue("system")));
+  EXPECT_EQ(system, provider.GetNamespace(Scoped(TCIMValue("system"))));
+  const boost::shared_ptr<ICIMNamespace> whole = provider.GetNamespace(Context());
+  EXPECT_NE(system, whole);
+  EXPECT_EQ(whole, provider.GetNamespace(Context()));
+  // The whole has the system too.
+  EXPECT_EQ(whole, provider.GetNamespace(Scoped(TCIMValue("system"))));
+}
+
+TEST(MachineProviderScope, ThatIsNotKnownIsTheWhole) {
+  const ScopedEnvironment dump(kVariable, SMBIOS_SAMPLE_FILE);
+  for (const TCIMValue& scope :
+       {TCIMValue("System"), TCIMValue(""), TCIMValue(1), TCIMValue(),
+        TCIMValue(TCIMValue::TCIMType(TCIMValue::TCIMType::kCIMTypeString), 0)}) {
+    MachineProvider provider;
+    const boost::shared_ptr<ICIMNamespace> ns = provider.GetNamespace(Scoped(scope));
+    EXPECT_EQ(ns, provider.GetNamespace(Context()));
+  }
 }
 
 TEST(MachineProviderTest, ReadsAnewAfterAFailure) {

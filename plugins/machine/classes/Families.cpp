@@ -1,0 +1,28 @@
+#include <plugins/machine/classes/Families.h>
+
+namespace machine {
+
+namespace {
+
+struct Family {
+  void (*add)(NamespaceBuilder& builder, const MachineFacts& facts);
+  Scope scope;  // the smallest one that it belongs to
+};
+
+const Family kFamilies[] = {
+    {AddComputerSystem, Scope::kSystem},
+    {AddOperatingSystem, Scope::kSystem},
+    {AddProduct, Scope::kSystem},
+};
+
+}  // namespace
+
+void AddFamilies(NamespaceBuilder& builder, const MachineFacts& facts, Scope scope) {
+  for (const Family& family : kFamilies) {
+    if (scope == Scope::kAll || family.scope == scope) {
+      family.add(builder, facts);
+    }
+  }
+}
+
+}  // namespace machine
