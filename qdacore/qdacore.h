@@ -15,6 +15,7 @@
 #include <qdacore/cim/object/ICIMQualifier.h>
 #include <qdacore/cim/object/ICIMQualifierDecl.h>
 #include <qdacore/cim/object/TAddToVectorCallback.h>
+#include <qdacore/cim/object/TCIMCopy.h>
 #include <qdacore/cim/value/TCIMArrayValueImpl.h>
 #include <qdacore/cim/value/TCIMChar16.h>
 #include <qdacore/cim/value/TCIMChar16Impl.h>

@@ -16,11 +16,13 @@
 #ifndef QDACORE_IDENTITY_TCIMSCHEMAHELPER_H
 #define QDACORE_IDENTITY_TCIMSCHEMAHELPER_H
 
+#include <map>
 #include <string>
 
 #include <boost/shared_ptr.hpp>
 
 #include <qdacore/Export.h>
+#include <qdacore/cim/value/TCIMValue.h>
 
 namespace NZRVQDA20 {
 
@@ -87,6 +89,32 @@ class TCIMSchemaHelper {
   QDACORE_EXPORT static std::string GetRawSerialNumberString(boost::shared_ptr<ICIMNamespace> ns);
   QDACORE_EXPORT static std::string GetSerialNumber(boost::shared_ptr<ICIMNamespace> ns);
   QDACORE_EXPORT static std::string GetSerialNumber_vmwesxi(boost::shared_ptr<ICIMNamespace> ns);
+
+  // Which collector made the namespace: ZRVSG_QDAProduct, whose record TCIMCopy::CopyClasses
+  // carries along. Several records are no failure here.
+
+  // Version of the last record, such as "2.05.9". `context` is sent with kContextName set to
+  // kPluginNSPName. Throws kQDAStatusNotFound when there is no record, and what the provider
+  // throws.
+  QDACORE_EXPORT static std::string GetDataSourceVersion(boost::shared_ptr<ICIMNamespace> ns,
+                                                         std::map<std::string, TCIMValue> context);
+
+  // Build of the first record that has one, as decimal text, or an empty text. `context` is sent
+  // as it is. No TQDAException leaves it; but a provider that fails to give the class, otherwise
+  // than by kQDAStatusNotFound, makes a failed assertion (AssertionFailed.h), which under the
+  // policies that do not throw TQDAException does what they say.
+  QDACORE_EXPORT static std::string GetDataSourceBuild(boost::shared_ptr<ICIMNamespace> ns,
+                                                       std::map<std::string, TCIMValue> context);
+
+  // The fields of the version, as text with their leading zeros: all before the first dot, what
+  // stands between the first and the second, and all behind the last. Each throws what
+  // GetDataSourceVersion throws, and kQDAStatusNotFound when a dot that it needs is missing; the
+  // major one after a debug line in the core log.
+  QDACORE_EXPORT static std::string GetDataSourceMajorVersion(
+      boost::shared_ptr<ICIMNamespace> ns, std::map<std::string, TCIMValue> context);
+  QDACORE_EXPORT static std::string GetDataSourceMinorVersion(
+      boost::shared_ptr<ICIMNamespace> ns, std::map<std::string, TCIMValue> context);
+  QDACORE_EXPORT static std::string GetDataSourceBuildVersion(boost::shared_ptr<ICIMNamespace> ns);
 
  private:
   static const std::string kSystemCreationClassName;
