@@ -52,4 +52,13 @@ void AddSmbiosDump(CLI::App* app, std::string* file) {
       ->group("Source");
 }
 
+void AddPasswordFile(CLI::App* app, const std::string& variable, std::string* file) {
+  app->add_option("--password-file", *file,
+                  "Read the password from FILE, \"-\" being\nstandard input; without it, from " +
+                      variable + ",\nor from a prompt")
+      ->option_text("FILE")
+      ->check(NotEmpty())
+      ->group("Login");
+}
+
 }  // namespace qda

@@ -45,6 +45,10 @@ void AddSource(CLI::App* app, SourceOptions* source);
 // --smbios-dump alone.
 void AddSmbiosDump(CLI::App* app, std::string* file);
 
+// --password-file, for a SecretRequest (<qda/Secret.h>) that asks the environment variable
+// `variable` when it is not given.
+void AddPasswordFile(CLI::App* app, const std::string& variable, std::string* file);
+
 }  // namespace qda
 
 #endif
