@@ -16,5 +16,15 @@ Files& HostFiles() { return replacements.files ? *replacements.files : SystemFil
 
 Modules& HostModules() { return replacements.modules ? *replacements.modules : SystemModules(); }
 
+Account& HostAccount() { return replacements.account ? *replacements.account : SystemAccount(); }
+
+Console& HostConsole() { return replacements.console ? *replacements.console : SystemConsole(); }
+
+Environment& HostEnvironment() {
+  return replacements.environment ? *replacements.environment : SystemEnvironment();
+}
+
+Machine& HostMachine() { return replacements.machine ? *replacements.machine : SystemMachine(); }
+
 }  // namespace host
 }  // namespace NZRVQDA20

@@ -4,9 +4,13 @@
 #ifndef QDACORE_HOST_HOSTSERVICES_H
 #define QDACORE_HOST_HOSTSERVICES_H
 
+#include <qdacore/host/Account.h>
 #include <qdacore/host/Clock.h>
+#include <qdacore/host/Console.h>
+#include <qdacore/host/Environment.h>
 #include <qdacore/host/EventLog.h>
 #include <qdacore/host/Files.h>
+#include <qdacore/host/Machine.h>
 #include <qdacore/host/Modules.h>
 
 namespace NZRVQDA20 {
@@ -17,6 +21,10 @@ Clock& SystemClock();
 EventLog& SystemEventLog();
 Files& SystemFiles();
 Modules& SystemModules();
+Account& SystemAccount();
+Console& SystemConsole();
+Environment& SystemEnvironment();
+Machine& SystemMachine();
 
 // A null pointer stands for the host's own. Not guarded against threads.
 struct Replacements {
@@ -24,6 +32,10 @@ struct Replacements {
   EventLog* eventLog = nullptr;
   Files* files = nullptr;
   Modules* modules = nullptr;
+  Account* account = nullptr;
+  Console* console = nullptr;
+  Environment* environment = nullptr;
+  Machine* machine = nullptr;
 };
 extern Replacements replacements;
 

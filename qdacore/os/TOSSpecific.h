@@ -8,7 +8,10 @@
 #define QDACORE_OS_TOSSPECIFIC_H
 
 #include <string>
+#include <utility>
 #include <vector>
+
+#include <boost/shared_ptr.hpp>
 
 #include <qdacore/Export.h>
 #include <qdacore/cim/value/TCIMDateTime.h>
@@ -16,6 +19,7 @@
 
 namespace NZRVQDA20 {
 
+class ICIMNamespace;
 class INamespaceConsumer;
 
 class TOSSpecific {
@@ -105,10 +109,123 @@ class TOSSpecific {
   // --- File transfer -------------------------------------------------------------------
 
   // --- SMBIOS machine identification ---------------------------------------------------
+  //
+  // From the firmware's structures (DMTF DSP0134), as <smbios/smbios.h> gives them; each call loads
+  // the table anew. Failures are lines in the core log and the result that is named here. Two texts
+  // of the firmware let std::out_of_range out, and the table then stays loaded: a BIOS version of
+  // fewer than two characters, also one that cannot be read, and a product name with its first
+  // dash at the end. Any number of threads, as far as the logger allows.
+
+  // The BIOS build identifier: the first two characters of the BIOS version (type 0, 05h), or of
+  // what stands in square brackets in it, as they are. "00" when there is no table or no such
+  // structure. Looks no further than 100 bytes into the structure's strings.
+  QDACORE_EXPORT static std::string GetBiosID();
+
+  // The machine type by the product name (type 1, 05h): the up to four characters that begin two
+  // places behind its first dash, or the first four of a name of seven characters without one.
+  // Otherwise, and when there is no name, "0000". The last string of a structure is not seen.
+  QDACORE_EXPORT static std::string GetMachineType();
+
+  // The machine type that the BIOS build identifier, in lower case, stands for; for one that is
+  // not known, or when it cannot be read, what GetMachineType gives.
+  QDACORE_EXPORT static std::string GetMachineTypeFromID();
 
   // --- Host services -------------------------------------------------------------------
 
+  // Whether the caller holds administrative rights: on Windows, belongs to the local
+  // administrators; on Linux, is effective user 0. Every failure is false. On Windows each call
+  // leaves a token open, and one that fails on its way leaves the thread impersonating itself.
+  QDACORE_EXPORT static bool IsAdmin();
+
+  // The value of a variable of the process's own environment, whole; on Windows not the C
+  // runtime's copy that getenv reads. Empty when it is not set, is empty or cannot be: then with a
+  // debug line in the core log that has the system's error number (203: not set). On Linux no
+  // other thread may write the environment meanwhile.
+  QDACORE_EXPORT static std::string GetEnvironment(std::string name);
+
+  // Sets a variable of the same environment, also to an empty text. False, with a debug line that
+  // has the error number, when the name cannot be one (empty, or with "=" in it), when a NUL stands
+  // in either (number 87), or when the system refuses. On Linux no other thread may use the
+  // environment meanwhile.
+  QDACORE_EXPORT static bool PutEnvironment(std::string name, std::string value);
+
+  // The machine's name: on Windows the NetBIOS name, of 15 characters at the most; on Linux the
+  // host name, however long. Throws kQDAStatusFail when it is not to be had.
+  QDACORE_EXPORT static std::string GetMachineName();
+
+  // The machine's name too: it does not name the system, and this is meant.
+  QDACORE_EXPORT static std::string GetOperatingSystemName();
+
+  // Waits; the unit is milliseconds, in spite of the name. Blocks the calling thread, on Windows
+  // for ever with the largest number. Never fails.
+  QDACORE_EXPORT static void USleep(unsigned int milliseconds);
+
+  // Whether GetKeyboardChar would return at once with a key. On Linux the keyboard is standard
+  // input, past the C runtime's buffer; of a pipe or file each byte is a key.
+  QDACORE_EXPORT static bool IsKeyWaiting();
+
+  // Waits for a key and returns it, 0 to 255, without echo and without a line end; Enter is 13,
+  // Ctrl+C is 3, and keys without a character give more than one number. -1 when there is no
+  // keyboard, or the input that stands for it has ended.
+  QDACORE_EXPORT static int GetKeyboardChar();
+
+  // Has the system's command interpreter run the text editor ("notepad"; on Linux $VISUAL, else
+  // $EDITOR, else "vi") with `path` behind it, and waits for its end. Nothing is quoted: a blank
+  // in the path divides it, and what the interpreter takes for a sign acts as one, so a path must
+  // not come from outside. A path with a NUL names nothing, and nothing is started. No result.
+  QDACORE_EXPORT static void LaunchTextEditor(std::string path);
+
+  // The same for a command shell: "cmd"; on Linux $SHELL, else "sh".
+  QDACORE_EXPORT static void LaunchCommandShell();
+
+  // These three are not there: they throw kQDAStatusNotImplemented, whatever the arguments.
+  QDACORE_EXPORT static std::string MountDevice(std::string device);
+  QDACORE_EXPORT static void UnmountDevice(std::string device, std::string mountPoint);
+  QDACORE_EXPORT static std::vector<std::pair<std::string, std::string> > EnumerateRemovableMedia(
+      boost::shared_ptr<ICIMNamespace> ns);
+
+  // Does nothing: `devices` stays as it is.
+  QDACORE_EXPORT static void getxBMCVirtualDevices(int kind, std::vector<std::string>& devices,
+                                                   bool all);
+
+  // Whether the file docs/oem_qda_preboot_readme.txt is there, looked for from the current
+  // directory. Throws kQDAStatusFileSystemError when that cannot be told.
+  QDACORE_EXPORT static bool isOEMBuild();
+
+  // Two flags of the process that hosts and plug-ins share; the library reads neither. False at
+  // load. Plain stores: threads keep them apart.
+  QDACORE_EXPORT static void setLuz(bool value);
+  QDACORE_EXPORT static bool getLuz();
+  QDACORE_EXPORT static void setQDAParser(bool value);
+  QDACORE_EXPORT static bool isQDAParser();
+
   // --- Text ----------------------------------------------------------------------------
+  //
+  // For firmware texts. Never fail, and never look outside what they are given.
+
+  // Copies string number `index`, from 1, of the block of NUL-terminated strings at `source`, of
+  // `sourceLength` bytes, to `target`. The first string is copied without its NUL, so clear
+  // `target` before; all others with it. `target` must have room for that: `sourceLength` bytes
+  // always do. False, with `target` untouched, when the block has no such string with its NUL.
+  QDACORE_EXPORT static bool getBIDString(char* source, char* target, int sourceLength, int index);
+
+  // Cuts `text` down to what stands in square brackets: everything up to the first "[" goes, then
+  // everything from the first "]" that is left. One bracket alone does its part; without brackets
+  // the text stays. The name says otherwise, and is settled. Always true.
+  QDACORE_EXPORT static bool removeNonAlpaNumeric(std::string& text);
+
+  // Takes a version apart at its second dash, or at its only one: `first` keeps what stands behind
+  // it, `second` what stands before it. Give the same text in both: the place is that in `first`,
+  // and a `second` that is shorter stays whole. Without a dash both stay. Always true.
+  QDACORE_EXPORT static bool breakApartVersion(std::string& first, std::string& second);
+
+  // The strings of a block of `length` bytes. The first one ends at the first `delimiter` that
+  // stands before any NUL (or at the first NUL, when that is the delimiter), all others at a NUL. A
+  // string whose end lies in the last two bytes of the block, or behind them, is not taken, and
+  // neither is any after it. Empty when the first string has no end.
+  QDACORE_EXPORT static std::vector<std::string> multiStringTok(char* text,
+                                                                unsigned long long length,
+                                                                char delimiter);
 
  private:
   static std::vector<std::string> FindNSServices(std::string kind);
