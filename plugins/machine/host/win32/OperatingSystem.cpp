@@ -8,18 +8,12 @@
 #endif
 #include <windows.h>
 
+#include <plugins/machine/host/win32/Text.h>
+
 namespace machine {
 namespace host {
 
 namespace {
-
-std::string FromWide(const wchar_t* wide, std::size_t units) {
-  const int count = static_cast<int>(units);
-  const int length = WideCharToMultiByte(CP_UTF8, 0, wide, count, nullptr, 0, nullptr, nullptr);
-  std::string text(static_cast<std::size_t>(length), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, wide, count, &text[0], length, nullptr, nullptr);
-  return text;
-}
 
 std::optional<std::string> ReadHostName() {
   wchar_t name[MAX_COMPUTERNAME_LENGTH + 1];
@@ -28,18 +22,6 @@ std::optional<std::string> ReadHostName() {
     return std::nullopt;
   }
   return FromWide(name, units);
-}
-
-std::optional<std::string> ReadProductName() {
-  wchar_t name[256];
-  DWORD bytes = sizeof name;
-  // The terminator is there, and counted, whatever the registry has.
-  if (RegGetValueW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion",
-                   L"ProductName", RRF_RT_REG_SZ, nullptr, name, &bytes) != ERROR_SUCCESS ||
-      bytes < sizeof name[0]) {
-    return std::nullopt;
-  }
-  return FromWide(name, bytes / sizeof name[0] - 1);
 }
 
 // Not GetVersionEx: to a program without a manifest it tells an older version than is running.
@@ -63,7 +45,8 @@ std::optional<WindowsVersion> ReadVersion() {
 Reading ReadOperatingSystem() {
   Reading reading;
   reading.hostName = ReadHostName();
-  reading.productName = ReadProductName();
+  reading.productName =
+      RegistryText(L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion", L"ProductName");
   reading.windowsVersion = ReadVersion();
   return reading;
 }
