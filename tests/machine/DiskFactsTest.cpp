@@ -120,8 +120,8 @@ TEST(UnderstandDisks, SizesThatMakeNoSenseAreAbsent) {
   const struct {
     const char* size;
     const char* block;
-  } rows[] = {{"0", "512"}, {"", "512"},     {"-1", "512"},
-              {"8", "0"},   {"7", "4096"},   {"36028797018963968", "512"},
+  } rows[] = {{"0", "512"}, {"", "512"},          {"-1", "512"},
+              {"8", "0"},   {"7", "4096"},        {"36028797018963968", "512"},
               {"8", ""},    {"8", "999999999999"}};
   for (const auto& row : rows) {
     DiskReading reading = Scsi();
@@ -153,13 +153,14 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(PageRow{"plain", std::string("\0\x80\0\2AB", 6), "AB"},
                     PageRow{"padded in front", std::string("\0\x80\0\4  AB", 8), "AB"},
                     PageRow{"bytes behind its end", std::string("\0\x80\0\2ABCD", 8), "AB"},
-                    PageRow{"two length bytes", std::string("\0\x80\1\0", 4) + std::string(256, 'x'),
+                    PageRow{"two length bytes",
+                            std::string("\0\x80\1\0", 4) + std::string(256, 'x'),
                             std::string(256, 'x')},
                     PageRow{"another page", std::string("\0\x83\0\2AB", 6), {}},
                     PageRow{"cut", std::string("\0\x80\0\3AB", 6), {}},
                     PageRow{"length beyond all", std::string("\0\x80\xFF\xFF", 4), {}},
-                    PageRow{"no length", std::string("\0\x80\0", 3), {}},
-                    PageRow{"empty", "", {}}, PageRow{"nothing in it", std::string("\0\x80\0\0", 4), {}},
+                    PageRow{"no length", std::string("\0\x80\0", 3), {}}, PageRow{"empty", "", {}},
+                    PageRow{"nothing in it", std::string("\0\x80\0\0", 4), {}},
                     PageRow{"blanks only", std::string("\0\x80\0\3   ", 7), {}}));
 
 void Put(std::string* bytes, std::size_t at, std::uint32_t number) {
@@ -171,9 +172,9 @@ void Put(std::string* bytes, std::size_t at, std::uint32_t number) {
 // As Windows lays it out: 36 bytes and the texts behind them.
 std::string Descriptor() {
   std::string bytes(36, '\0');
-  bytes[8] = 0;    // direct access
-  bytes[10] = 1;   // removable
-  bytes += std::string("MAKER   \0A MODEL \0001.00\0 S123 \0", 32);
+  bytes[8] = 0;   // direct access
+  bytes[10] = 1;  // removable
+  bytes += std::string("MAKER   \0A MODEL \0001.00\0 S123 \0", 30);
   Put(&bytes, 12, 36);
   Put(&bytes, 16, 45);
   Put(&bytes, 20, 54);

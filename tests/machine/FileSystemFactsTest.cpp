@@ -55,23 +55,22 @@ TEST(UnderstandMount, SizesThatMakeNoSenseAreAbsent) {
   EXPECT_EQ(std::nullopt, none.blockSize);
   EXPECT_EQ(std::nullopt, none.fileSystemSize);
   EXPECT_EQ(std::nullopt, none.maxFileNameLength);
-  const FileSystemFacts huge = UnderstandMount(
-      RootMount(), FileSystemUsage{4096, UINT64_MAX, 1, UINT64_MAX}, std::nullopt);
+  const FileSystemFacts huge =
+      UnderstandMount(RootMount(), FileSystemUsage{4096, UINT64_MAX, 1, UINT64_MAX}, std::nullopt);
   EXPECT_EQ(std::nullopt, huge.fileSystemSize);
   EXPECT_EQ(4096u, huge.availableSpace);
   EXPECT_EQ(std::nullopt, huge.maxFileNameLength);
 }
 
 TEST(UnderstandMount, AFullFileSystemHasNoSpaceLeft) {
-  EXPECT_EQ(0u, UnderstandMount(RootMount(), FileSystemUsage{1, 9, 0, 255}, std::nullopt)
-                    .availableSpace);
+  EXPECT_EQ(
+      0u, UnderstandMount(RootMount(), FileSystemUsage{1, 9, 0, 255}, std::nullopt).availableSpace);
 }
 
 TEST(UnderstandMount, HowLongAnOverlayLastsIsNotKnown) {
   LocalMount local = RootMount();
   local.mount.type = "overlay";
-  EXPECT_EQ(std::nullopt,
-            UnderstandMount(local, std::nullopt, std::nullopt).persistenceType);
+  EXPECT_EQ(std::nullopt, UnderstandMount(local, std::nullopt, std::nullopt).persistenceType);
 }
 
 TEST(DriveIn, IsTheFolderOfTheDrive) {

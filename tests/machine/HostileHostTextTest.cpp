@@ -42,14 +42,13 @@ std::string Descriptor() {
   bytes[16] = 42;
   bytes[20] = 48;
   bytes[24] = 52;
-  return bytes + std::string("MAKER\0MODEL\0001.0\0SERIAL\0", 25);
+  return bytes + std::string("MAKER\0MODEL\0001.0\0SERIAL\0", 23);
 }
 
 void CheckMounts(const std::string& text) {
   std::set<std::pair<std::uint32_t, std::uint32_t> > devices;
   for (const LocalMount& local : FindLocalMounts(text)) {
-    EXPECT_TRUE(
-        devices.insert({local.mount.majorNumber, local.mount.minorNumber}).second);
+    EXPECT_TRUE(devices.insert({local.mount.majorNumber, local.mount.minorNumber}).second);
     ASSERT_FALSE(local.mount.point.empty());
     EXPECT_EQ('/', local.mount.point[0]);
     EXPECT_EQ(std::string::npos, local.mount.point.find('\0'));
@@ -85,7 +84,8 @@ void CheckAll(const std::string& text) {
   CheckTrimmed(facts.model);
   CheckTrimmed(facts.serialNumber);
   host::DiskReading disk;
-  disk.name = disk.size = disk.vendor = disk.model = disk.serial = disk.serialPage = text;
+  disk.name = text;
+  disk.size = disk.vendor = disk.model = disk.serial = disk.serialPage = text;
   disk.logicalBlockSize = disk.deviceType = disk.removable = text;
   UnderstandDisks({disk});
   host::NetworkPortReading port;
@@ -115,7 +115,10 @@ TEST(HostileHostText, CutAtEveryByte) {
 
 TEST(HostileHostText, BentAtRandom) {
   // Digits and separators lead deeper than bytes at random do.
-  const std::string alphabet("0123456789:/-\\ \n\t\0\xFF\x80" "a", 21);
+  const std::string alphabet(
+      "0123456789:/-\\ \n\t\0\xFF\x80"
+      "a",
+      21);
   std::mt19937 random(20240229);
   for (int round = 0; round < 2000; ++round) {
     for (std::string text : Seeds()) {

@@ -109,9 +109,8 @@ TEST(FindLocalMounts, LeavesOutServersProcessesAndWhatTheKernelMakesUp) {
 }
 
 TEST(FindLocalMounts, TakesAnOverlayThatSaysWhatItIsWrittenTo) {
-  EXPECT_THAT(
-      PointsOf("1 0 0:50 / / rw - overlay overlay rw,lowerdir=/l,upperdir=/u,workdir=/w\n"),
-      ElementsAre("/"));
+  EXPECT_THAT(PointsOf("1 0 0:50 / / rw - overlay overlay rw,lowerdir=/l,upperdir=/u,workdir=/w\n"),
+              ElementsAre("/"));
 }
 
 TEST(FindLocalMounts, WhatStandsBehindAServerIsNotAsked) {
@@ -165,9 +164,9 @@ TEST(FindLocalMounts, AFileSystemAtSeveralPlacesCountsOnce) {
 }
 
 TEST(FindLocalMounts, ReadOnlyIsWhatTheMountOrTheFileSystemSays) {
-  const std::vector<LocalMount> found =
-      FindLocalMounts("1 0 8:1 / / rw - ext4 a rw\n2 1 8:2 / /b ro,nosuid - ext4 b rw\n"
-                      "3 1 8:3 / /c rw - iso9660 c ro,relatime\n");
+  const std::vector<LocalMount> found = FindLocalMounts(
+      "1 0 8:1 / / rw - ext4 a rw\n2 1 8:2 / /b ro,nosuid - ext4 b rw\n"
+      "3 1 8:3 / /c rw - iso9660 c ro,relatime\n");
   ASSERT_EQ(3u, found.size());
   EXPECT_FALSE(found[0].isReadOnly);
   EXPECT_TRUE(found[1].isReadOnly);
@@ -188,9 +187,10 @@ TEST(FindLocalMounts, BadLinesArePassedOver) {
 
 TEST(FindLocalMounts, ParentsInACircleEnd) {
   // No mount has such a table; the walk must end all the same.
-  FindLocalMounts("1 2 8:1 / / rw - ext4 a rw\n2 1 8:2 / / rw - ext4 b rw\n"
-                  "3 4 8:3 / /c rw - ext4 c rw\n4 3 8:4 / /c rw - ext4 d rw\n"
-                  "5 5 8:5 / /e rw - ext4 e rw\n");
+  FindLocalMounts(
+      "1 2 8:1 / / rw - ext4 a rw\n2 1 8:2 / / rw - ext4 b rw\n"
+      "3 4 8:3 / /c rw - ext4 c rw\n4 3 8:4 / /c rw - ext4 d rw\n"
+      "5 5 8:5 / /e rw - ext4 e rw\n");
 }
 
 TEST(FindLocalMounts, ManyMountsTakeNoSquareOfTheirNumber) {

@@ -31,8 +31,7 @@ std::vector<ProcessorFacts> Understand(const std::string& text) {
 
 TEST(UnderstandCpuInfo, HasOneEntryForEachSocket) {
   const std::vector<ProcessorFacts> found = UnderstandCpuInfo(
-      Paragraph(0, 0, 4, 2) + Paragraph(1, 1, 4, 2) + Paragraph(2, 0, 4, 2) +
-          Paragraph(3, 1, 4, 2),
+      Paragraph(0, 0, 4, 2) + Paragraph(1, 1, 4, 2) + Paragraph(2, 0, 4, 2) + Paragraph(3, 1, 4, 2),
       {std::string("3500000\n"), std::string("3599600\n")});
   ASSERT_EQ(2u, found.size());
   EXPECT_EQ("CPU0", found[0].deviceId);
@@ -122,18 +121,16 @@ TEST_P(Rounded, IsTheNearestWholeNumber) {
 INSTANTIATE_TEST_SUITE_P(Texts, Rounded,
                          testing::Values(SpeedRow{"2499.998", 2500}, SpeedRow{"2499.4", 2499},
                                          SpeedRow{"2499", 2499}, SpeedRow{"0.5", 1},
-                                         SpeedRow{"0.4", {}}, SpeedRow{"0", {}},
-                                         SpeedRow{"", {}}, SpeedRow{"2499.", {}},
-                                         SpeedRow{".5", {}}, SpeedRow{"1.5.5", {}},
-                                         SpeedRow{"1.x", {}}, SpeedRow{"-1.0", {}},
-                                         SpeedRow{"4294967294.9", 4294967295},
+                                         SpeedRow{"0.4", {}}, SpeedRow{"0", {}}, SpeedRow{"", {}},
+                                         SpeedRow{"2499.", {}}, SpeedRow{".5", {}},
+                                         SpeedRow{"1.5.5", {}}, SpeedRow{"1.x", {}},
+                                         SpeedRow{"-1.0", {}}, SpeedRow{"4294967294.9", 4294967295},
                                          SpeedRow{"4294967295.0", {}}));
 
 TEST(UnderstandProcessors, ReadsAWindowsReading) {
   ProcessorReading reading;
-  reading.packages.push_back(PackageReading{std::string("Some CPU  "),
-                                            std::string("Intel64 Family 6 Model 85 Stepping 4"),
-                                            2500, 8, 16});
+  reading.packages.push_back(PackageReading{
+      std::string("Some CPU  "), std::string("Intel64 Family 6 Model 85 Stepping 4"), 2500, 8, 16});
   reading.packages.push_back(PackageReading{{}, std::string("Stepping x"), 0, 70000, 0});
   const std::vector<ProcessorFacts> found = UnderstandProcessors(reading);
   ASSERT_EQ(2u, found.size());
