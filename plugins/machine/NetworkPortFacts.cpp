@@ -68,7 +68,7 @@ bool IsEthernetOrWireless(const host::NetworkPortReading& reading) {
 }
 
 std::optional<std::uint16_t> EnabledState(const std::optional<std::string>& flags) {
-  const std::string_view text = Trimmed(flags ? *flags : "");
+  const std::string_view text = Trimmed(flags ? std::string_view(*flags) : std::string_view());
   if (text.size() < 3 || text.size() > 10 || text.substr(0, 2) != "0x") {
     return std::nullopt;
   }

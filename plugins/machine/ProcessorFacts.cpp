@@ -110,7 +110,8 @@ std::uint16_t Limited(std::uint32_t number) {
 
 // The word behind "Stepping" in the registry's Identifier.
 std::optional<std::string> SteppingIn(const std::optional<std::string>& identifier) {
-  const std::vector<std::string_view> words = Split(identifier ? *identifier : "", ' ');
+  const std::vector<std::string_view> words =
+      Split(identifier ? std::string_view(*identifier) : std::string_view(), ' ');
   for (std::size_t at = 0; at + 1 < words.size(); ++at) {
     if (words[at] == "Stepping" && DecimalIn(words[at + 1])) {
       return std::string(words[at + 1]);

@@ -13,34 +13,18 @@ namespace host {
 
 namespace {
 
-// SYSTEM_TIMEOFDAY_INFORMATION: the kernel's own word on when it was started. The time since
-// then (GetTickCount64) subtracted from now would be another number at each reading.
-struct TimeOfDay {
-  LARGE_INTEGER bootTime;
-  LARGE_INTEGER currentTime;
-  LARGE_INTEGER timeZoneBias;
-  ULONG timeZoneId;
-  ULONG reserved;
-};
-
-const int kSystemTimeOfDayInformation = 3;
-
 // From the start of 1601 to the start of 1970, in units of 100 ns.
 const std::int64_t kUnixEpoch = 116444736000000000;
 
-std::optional<std::int64_t> ReadBootTime() {
-  typedef LONG(WINAPI * Query)(int, void*, ULONG, ULONG*);
-  const HMODULE module = GetModuleHandleW(L"ntdll.dll");
-  const Query query = module ? reinterpret_cast<Query>(reinterpret_cast<void*>(
-                                   GetProcAddress(module, "NtQuerySystemInformation")))
-                             : nullptr;
-  TimeOfDay time = {};
-  ULONG size = 0;
-  if (!query || query(kSystemTimeOfDayInformation, &time, sizeof time, &size) != 0 ||
-      time.bootTime.QuadPart < kUnixEpoch) {
-    return std::nullopt;
-  }
-  return (time.bootTime.QuadPart - kUnixEpoch) / 10;
+// Not the kernel's own word (SystemTimeOfDayInformation), which under Wine is the time when its
+// server was started. The price is that two readings may differ by the clock's tick.
+std::int64_t ReadBootTime() {
+  FILETIME now = {};
+  GetSystemTimeAsFileTime(&now);
+  const std::int64_t running = static_cast<std::int64_t>(GetTickCount64());
+  const std::int64_t units =
+      static_cast<std::int64_t>(now.dwHighDateTime) << 32 | now.dwLowDateTime;
+  return (units - kUnixEpoch) / 10 - running * 1000;
 }
 
 }  // namespace
