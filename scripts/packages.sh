@@ -28,4 +28,5 @@ BUILD_PACKAGES="g++ cmake ninja-build libboost-dev libcli11-dev libfmt-dev nlohm
 
 # To build and test everything on both platforms.
 TEST_PACKAGES="$BUILD_PACKAGES ccache clang clang-format libclang-rt-14-dev \
-  g++-mingw-w64-x86-64-posix wine64 googletest libbenchmark-dev pkgconf python3 dmidecode git util-linux iproute2"
+  g++-mingw-w64-x86-64-posix wine64 googletest libbenchmark-dev pkgconf python3 dmidecode git \
+  util-linux iproute2"

@@ -8,32 +8,28 @@ namespace host {
 
 namespace {
 
-// sysfs files are of one page; a SCSI page has up to 64 KiB and its header.
-const std::size_t kMostText = 4096;
+// A SCSI page has up to 64 KiB and its header.
 const std::size_t kMostPage = 65536 + 4;
 
 DiskReading ReadDisk(const std::string& folder, const std::string& name) {
-  const auto read = [&folder](const char* file) {
-    return ReadFileText(folder + "/" + file, kMostText);
-  };
   DiskReading reading;
   reading.name = name;
-  reading.size = read("size");
-  reading.logicalBlockSize = read("queue/logical_block_size");
-  reading.removable = read("removable");
-  reading.readOnly = read("ro");
-  reading.rotational = read("queue/rotational");
-  reading.hidden = read("hidden");
-  reading.deviceType = read("device/type");
-  reading.vendor = read("device/vendor");
-  reading.model = read("device/model");
-  reading.revision = read("device/rev");
+  reading.size = ReadSysText(folder, "size");
+  reading.logicalBlockSize = ReadSysText(folder, "queue/logical_block_size");
+  reading.removable = ReadSysText(folder, "removable");
+  reading.readOnly = ReadSysText(folder, "ro");
+  reading.rotational = ReadSysText(folder, "queue/rotational");
+  reading.hidden = ReadSysText(folder, "hidden");
+  reading.deviceType = ReadSysText(folder, "device/type");
+  reading.vendor = ReadSysText(folder, "device/vendor");
+  reading.model = ReadSysText(folder, "device/model");
+  reading.revision = ReadSysText(folder, "device/rev");
   if (!reading.revision) {
-    reading.revision = read("device/firmware_rev");
+    reading.revision = ReadSysText(folder, "device/firmware_rev");
   }
-  reading.serial = read("device/serial");
+  reading.serial = ReadSysText(folder, "device/serial");
   if (!reading.serial) {
-    reading.serial = read("serial");
+    reading.serial = ReadSysText(folder, "serial");
   }
   // The kernel's copy of the page, made when it found the drive.
   reading.serialPage = ReadFileText(folder + "/device/vpd_pg80", kMostPage);
@@ -44,11 +40,8 @@ DiskReading ReadDisk(const std::string& folder, const std::string& name) {
 
 std::vector<DiskReading> ReadDisksIn(const std::string& folder) {
   std::vector<DiskReading> disks;
-  for (const std::string& name : NamesIn(folder)) {
-    const std::string path = folder + "/" + name;
-    if (IsThere(path + "/device")) {
-      disks.push_back(ReadDisk(path, name));
-    }
+  for (const std::string& name : NamesOfDevicesIn(folder)) {
+    disks.push_back(ReadDisk(folder + "/" + name, name));
   }
   return disks;
 }

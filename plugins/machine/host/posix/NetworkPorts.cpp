@@ -17,8 +17,6 @@ namespace host {
 
 namespace {
 
-const std::size_t kMostText = 4096;
-
 // Asks the driver of port `name`; `question` is one of the structures of <linux/ethtool.h>.
 bool Ask(int socket, const std::string& name, void* question) {
   struct ifreq request = {};
@@ -88,18 +86,15 @@ std::optional<LinkModes> ReadLinkModes(int socket, const std::string& name) {
 }
 
 NetworkPortReading ReadPort(const std::string& folder, const std::string& name) {
-  const auto read = [&folder](const char* file) {
-    return ReadFileText(folder + "/" + file, kMostText);
-  };
   NetworkPortReading reading;
   reading.name = name;
   reading.isWireless = IsThere(folder + "/wireless") || IsThere(folder + "/phy80211");
-  reading.type = read("type");
-  reading.address = read("address");
-  reading.speed = read("speed");
-  reading.duplex = read("duplex");
-  reading.mtu = read("mtu");
-  reading.flags = read("flags");
+  reading.type = ReadSysText(folder, "type");
+  reading.address = ReadSysText(folder, "address");
+  reading.speed = ReadSysText(folder, "speed");
+  reading.duplex = ReadSysText(folder, "duplex");
+  reading.mtu = ReadSysText(folder, "mtu");
+  reading.flags = ReadSysText(folder, "flags");
   return reading;
 }
 
@@ -107,11 +102,8 @@ NetworkPortReading ReadPort(const std::string& folder, const std::string& name) 
 
 std::vector<NetworkPortReading> ReadNetworkPortsIn(const std::string& folder) {
   std::vector<NetworkPortReading> ports;
-  for (const std::string& name : NamesIn(folder)) {
-    const std::string path = folder + "/" + name;
-    if (IsThere(path + "/device")) {
-      ports.push_back(ReadPort(path, name));
-    }
+  for (const std::string& name : NamesOfDevicesIn(folder)) {
+    ports.push_back(ReadPort(folder + "/" + name, name));
   }
   return ports;
 }

@@ -9,7 +9,6 @@ namespace {
 
 // Some 1.5 KB for each logical processor, and room for more of them than kernels run on.
 const std::size_t kMostCpuInfo = 16 * 1024 * 1024;
-const std::size_t kMostNumber = 4096;
 
 const std::size_t kMostProcessors = 65536;
 

@@ -68,6 +68,20 @@ std::vector<std::string> NamesIn(const std::string& path) {
   return names;
 }
 
+std::vector<std::string> NamesOfDevicesIn(const std::string& path) {
+  std::vector<std::string> names = NamesIn(path);
+  names.erase(std::remove_if(names.begin(), names.end(),
+                             [&path](const std::string& name) {
+                               return !IsThere(path + "/" + name + "/device");
+                             }),
+              names.end());
+  return names;
+}
+
+std::optional<std::string> ReadSysText(const std::string& folder, const char* file) {
+  return ReadFileText(folder + "/" + file, 4096);
+}
+
 bool IsThere(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
 
 }  // namespace host

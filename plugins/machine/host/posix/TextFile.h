@@ -36,6 +36,12 @@ std::optional<std::string> ReadLinkText(const std::string& path);
 // cannot be read.
 std::vector<std::string> NamesIn(const std::string& path);
 
+// Of these the ones that a device of their own is behind, as sysfs shows it.
+std::vector<std::string> NamesOfDevicesIn(const std::string& path);
+
+// The text of a file of sysfs, which has a page at the most.
+std::optional<std::string> ReadSysText(const std::string& folder, const char* file);
+
 bool IsThere(const std::string& path);
 
 }  // namespace host
