@@ -19,10 +19,9 @@ ProcessorReading ReadProcessors() {
   reading.cpuInfoText = ReadFileText("/proc/cpuinfo", kMostCpuInfo);
   // Machines that have no cpufreq have it for no processor.
   while (reading.maxKilohertzTexts.size() < kMostProcessors) {
-    std::optional<std::string> text = ReadFileText(
-        "/sys/devices/system/cpu/cpu" + std::to_string(reading.maxKilohertzTexts.size()) +
-            "/cpufreq/cpuinfo_max_freq",
-        kMostNumber);
+    const std::string number = std::to_string(reading.maxKilohertzTexts.size());
+    const std::optional<std::string> text =
+        ReadSysText("/sys/devices/system/cpu/cpu" + number, "cpufreq/cpuinfo_max_freq");
     if (!text) {
       break;
     }
