@@ -26,5 +26,9 @@ Environment& HostEnvironment() {
 
 Machine& HostMachine() { return replacements.machine ? *replacements.machine : SystemMachine(); }
 
+Processes& HostProcesses() {
+  return replacements.processes ? *replacements.processes : SystemProcesses();
+}
+
 }  // namespace host
 }  // namespace NZRVQDA20

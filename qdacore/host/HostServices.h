@@ -12,6 +12,7 @@
 #include <qdacore/host/Files.h>
 #include <qdacore/host/Machine.h>
 #include <qdacore/host/Modules.h>
+#include <qdacore/host/Processes.h>
 
 namespace NZRVQDA20 {
 namespace host {
@@ -25,6 +26,7 @@ Account& SystemAccount();
 Console& SystemConsole();
 Environment& SystemEnvironment();
 Machine& SystemMachine();
+Processes& SystemProcesses();
 
 // A null pointer stands for the host's own. Not guarded against threads.
 struct Replacements {
@@ -36,6 +38,7 @@ struct Replacements {
   Console* console = nullptr;
   Environment* environment = nullptr;
   Machine* machine = nullptr;
+  Processes* processes = nullptr;
 };
 extern Replacements replacements;
 

@@ -105,6 +105,54 @@ class TOSSpecific {
   // --- Paths, files and directories ----------------------------------------------------
 
   // --- Processes and capture -----------------------------------------------------------
+  //
+  // SpawnProcess runs a program to its end and gives what it wrote, output and error output as
+  // one stream in the order of writing, NUL bytes included. It returns when the child has ended
+  // and nobody (a grandchild, say) can write to that stream any more; there is no limit of time.
+  // The child's input is a pipe that stays open and empty: a child that reads it waits for ever,
+  // and the caller with it.
+  //
+  // The command line is `program` and, behind a blank each, `arguments`, as they stand: nothing is
+  // quoted, so the caller quotes what holds blanks. Windows takes the line as it takes any. On
+  // Linux it is taken apart into words, without a shell and without expanding anything:
+  //
+  //   blanks, tabs   separate words
+  //   '...'          its inside, as it stands
+  //   "..."          its inside; in it " is a quote and \ a backslash
+  //   \              before a blank, a quote or a backslash: that character, as text
+  //
+  // and a program whose name holds no separator is looked up on PATH. There a child inherits its
+  // three standard handles and nothing else, and begins with no signal blocked.
+  //
+  // The last argument of each form is accepted and never read.
+  //
+  // Throws kQDAStatusFail, after one error line in the core log, when a pipe cannot be made or the
+  // program cannot be started (a NUL in the line names none); what was opened until then stays
+  // open. A program that starts and fails is no failure here.
+
+  // Returns the child's exit code (on Linux 128 + S for a child that the signal S ended; -1 when
+  // the host does not tell it, as where SIGCHLD is ignored), with what it wrote in `output`. A
+  // console child has no visible window. Both ends of the child's input stay open for the life of
+  // the process: two handles a call.
+  QDACORE_EXPORT static int SpawnProcess(std::string program, std::vector<std::string> arguments,
+                                         std::string& output, int ignored);
+
+  // Returns what the child wrote, which also goes to the core log at debug severity. How the child
+  // ended is not to be learnt. Leaves nothing open. The short form has no arguments.
+  QDACORE_EXPORT static std::string SpawnProcess(std::string program,
+                                                 std::vector<std::string> arguments, int ignored);
+  QDACORE_EXPORT static std::string SpawnProcess(std::string program, int ignored);
+
+  // Returns the contents of a file, byte by byte; both separators are accepted in its name. Where
+  // reading fails midway, what was read until then. The file stays open for the life of the
+  // process: one handle a call.
+  //
+  // CaptureFile throws kQDAStatusFileNotFound, after an error line in the core log, when the file
+  // cannot be opened, for whatever reason (a folder cannot). CaptureFileLoader is for files that
+  // need not exist: it then writes two lines at debug severity and returns an empty string.
+  // `logSystemText`: also write the system's words for a failed reading, at debug severity.
+  QDACORE_EXPORT static std::string CaptureFile(std::string fileName);
+  QDACORE_EXPORT static std::string CaptureFileLoader(std::string fileName, bool logSystemText);
 
   // --- File transfer -------------------------------------------------------------------
 
@@ -225,6 +273,10 @@ class TOSSpecific {
 
  private:
   static std::vector<std::string> FindNSServices(std::string kind);
+
+  // Reads `handle` to its end, 4,096 bytes at a time. A read that fails with no bytes is an end;
+  // one that fails with some is logged under `name`, and what came before it is returned.
+  static std::string GetFileContents(int handle, std::string name, bool logSystemText);
 
   // One line at kLogDebug in the core log: "TOSSpecific debug output: " and `text`. Without a core
   // logger it is lost.
