@@ -100,6 +100,18 @@ void NamespaceBuilder::MarkAsKey(ICIMClass& cls, const char* property, const TCI
       ->AddQualifier(fKey, TCIMValue(true), Context());
 }
 
+void NamespaceBuilder::AddProperties(ICIMClass& cls, const PropertyRow* properties,
+                                     std::size_t count) {
+  for (std::size_t at = 0; at < count; ++at) {
+    const TCIMValue typedNull(Type(properties[at].type), 0);
+    if (properties[at].role == kKey) {
+      MarkAsKey(cls, properties[at].name, typedNull);
+    } else {
+      cls.AddPropertyDecl(properties[at].name, typedNull, Context());
+    }
+  }
+}
+
 const shared_ptr<ICIMClass>& NamespaceBuilder::DeclareNew(const ClassRow& row) {
   const Context none;
   const shared_ptr<ICIMClass> superclass =
@@ -108,14 +120,7 @@ const shared_ptr<ICIMClass>& NamespaceBuilder::DeclareNew(const ClassRow& row) {
   if (row.kind == kAbstract) {
     cls->AddQualifier(fNamespace->GetQualifierDecl("Abstract", none), TCIMValue(true), none);
   }
-  for (std::size_t at = 0; at < row.count; ++at) {
-    const PropertyRow& property = row.properties[at];
-    if (property.role == kKey) {
-      MarkAsKey(*cls, property.name, TCIMValue(Type(property.type), 0));
-    } else {
-      cls->AddPropertyDecl(property.name, TCIMValue(Type(property.type), 0), none);
-    }
-  }
+  AddProperties(*cls, row.properties, row.count);
   cls->Commit(none);
   return fClasses[&row] = cls;
 }
@@ -132,6 +137,7 @@ const shared_ptr<ICIMClass>& NamespaceBuilder::DeclareNew(const AssociationRow& 
   MarkAsKey(*cls, row.first.name, end);
   end.SetReferencedClass(second);
   MarkAsKey(*cls, row.second.name, end);
+  AddProperties(*cls, row.properties, row.count);
   cls->Commit(none);
   return fClasses[&row] = cls;
 }
@@ -139,7 +145,7 @@ const shared_ptr<ICIMClass>& NamespaceBuilder::DeclareNew(const AssociationRow& 
 NewObject NamespaceBuilder::Create(const ClassRow& row) { return NewObject(this, Declare(row)); }
 
 void NamespaceBuilder::Associate(const AssociationRow& row, const Object& first,
-                                 const Object& second) {
+                                 const Object& second, const Properties& more) {
   const shared_ptr<ICIMClass>& cls = Declare(row);
   if (!first.HasName() || !second.HasName()) {
     return;
@@ -148,6 +154,11 @@ void NamespaceBuilder::Associate(const AssociationRow& row, const Object& first,
   const shared_ptr<ICIMInstance> instance = cls->CreateInstance(none);
   instance->SetProperty(row.first.name, first.Reference(), none);
   instance->SetProperty(row.second.name, second.Reference(), none);
+  for (const auto& property : more) {
+    if (!property.second.IsNull()) {
+      instance->SetProperty(property.first, property.second, none);
+    }
+  }
   AddTo(*cls, instance);
 }
 

@@ -17,6 +17,7 @@
 #ifndef PLUGINS_MACHINE_NAMESPACEBUILDER_H
 #define PLUGINS_MACHINE_NAMESPACEBUILDER_H
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -134,7 +135,10 @@ class NamespaceBuilder {
   NewObject Create(const ClassRow& row);
 
   // Publishes an association object between the two. Nothing, when one of them has no name.
-  void Associate(const AssociationRow& row, const Object& first, const Object& second);
+  // `more` are the association's own properties; null values stay the nulls they are declared as.
+  typedef std::vector<std::pair<const char*, NZRVQDA20::TCIMValue> > Properties;
+  void Associate(const AssociationRow& row, const Object& first, const Object& second,
+                 const Properties& more = Properties());
 
   // Leaves an object for the families behind: `role` is what it is, `number` which one of them,
   // such as an SMBIOS handle. The first one that was kept stays.
@@ -151,6 +155,7 @@ class NamespaceBuilder {
 
   const boost::shared_ptr<NZRVQDA20::ICIMClass>& DeclareNew(const ClassRow& row);
   const boost::shared_ptr<NZRVQDA20::ICIMClass>& DeclareNew(const AssociationRow& row);
+  void AddProperties(NZRVQDA20::ICIMClass& cls, const PropertyRow* properties, std::size_t count);
   void MarkAsKey(NZRVQDA20::ICIMClass& cls, const char* property,
                  const NZRVQDA20::TCIMValue& typedNull);
 

@@ -24,6 +24,7 @@ const PropertyType kUint8 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeUint8;
 const PropertyType kUint16 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeUint16;
 const PropertyType kUint32 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeUint32;
 const PropertyType kUint64 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeUint64;
+const PropertyType kReal32 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeReal32;
 const PropertyType kSint16 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeSint16;
 const PropertyType kSint32 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeSint32;
 const PropertyType kSint64 = NZRVQDA20::TCIMValue::TCIMType::kCIMTypeSint64;
@@ -70,11 +71,21 @@ struct EndRow {
   const ClassRow* of;  // the class that it refers to; instances of subclasses fit too
 };
 
-// An association of two ends, both of them keys, and nothing else.
+// An association of two ends, both of them keys, and perhaps properties of its own.
 struct AssociationRow {
+  constexpr AssociationRow(const char* itsName, EndRow itsFirst, EndRow itsSecond)
+      : name(itsName), first(itsFirst), second(itsSecond), properties(nullptr), count(0) {}
+
+  template <std::size_t N>
+  constexpr AssociationRow(const char* itsName, EndRow itsFirst, EndRow itsSecond,
+                           const PropertyRow (&itsProperties)[N])
+      : name(itsName), first(itsFirst), second(itsSecond), properties(itsProperties), count(N) {}
+
   const char* name;
   EndRow first;
   EndRow second;
+  const PropertyRow* properties;
+  std::size_t count;
 };
 
 }  // namespace machine

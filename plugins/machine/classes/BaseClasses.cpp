@@ -25,7 +25,8 @@ const PropertyRow kLogicalDeviceProperties[] = {{"SystemCreationClassName", kStr
                                                 {"SystemName", kString, kKey},
                                                 {"CreationClassName", kString, kKey},
                                                 {"DeviceID", kString, kKey},
-                                                {"ElementName", kString}};
+                                                {"ElementName", kString},
+                                                {"EnabledState", kUint16}};
 
 const PropertyRow kPhysicalElementProperties[] = {{"CreationClassName", kString, kKey},
                                                   {"Tag", kString, kKey},
@@ -36,7 +37,22 @@ const PropertyRow kPhysicalElementProperties[] = {{"CreationClassName", kString,
                                                   {"SerialNumber", kString},
                                                   {"Version", kString},
                                                   {"PartNumber", kString},
-                                                  {"OtherIdentifyingInfo", kString}};
+                                                  {"OtherIdentifyingInfo", kString},
+                                                  {"Description", kString}};
+
+const PropertyRow kPhysicalPackageProperties[] = {{"Removable", kBoolean},
+                                                  {"Replaceable", kBoolean},
+                                                  {"HotSwappable", kBoolean},
+                                                  {"Height", kReal32},
+                                                  {"PackageType", kUint16}};
+
+const PropertyRow kChipProperties[] = {{"FormFactor", kUint16}};
+
+const PropertyRow kStorageExtentProperties[] = {
+    {"BlockSize", kUint64}, {"NumberOfBlocks", kUint64}, {"ErrorMethodology", kString}};
+
+const PropertyRow kMemoryProperties[] = {
+    {"Volatile", kBoolean}, {"StartingAddress", kUint64}, {"EndingAddress", kUint64}};
 
 }  // namespace
 
@@ -52,8 +68,16 @@ const ClassRow kLogicalDevice("CIM_LogicalDevice", &kManagedElement, kLogicalDev
 const ClassRow kPhysicalElement("CIM_PhysicalElement", &kManagedElement, kPhysicalElementProperties,
                                 kAbstract);
 
-const AssociationRow kSystemDevice = {
-    "CIM_SystemDevice", {"GroupComponent", &kSystem}, {"PartComponent", &kLogicalDevice}};
+const ClassRow kPhysicalPackage("CIM_PhysicalPackage", &kPhysicalElement,
+                                kPhysicalPackageProperties);
+const ClassRow kChip("CIM_Chip", &kPhysicalElement, kChipProperties);
+const ClassRow kStorageExtent("CIM_StorageExtent", &kLogicalDevice, kStorageExtentProperties);
+const ClassRow kMemory("CIM_Memory", &kStorageExtent, kMemoryProperties);
+
+const AssociationRow kRealizes("CIM_Realizes", {"Antecedent", &kPhysicalElement},
+                               {"Dependent", &kLogicalDevice});
+const AssociationRow kSystemDevice("CIM_SystemDevice", {"GroupComponent", &kSystem},
+                                   {"PartComponent", &kLogicalDevice});
 
 NewObject CreateDevice(NamespaceBuilder& builder, const ClassRow& row, const MachineFacts& facts,
                        const std::string& deviceId) {

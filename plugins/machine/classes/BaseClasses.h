@@ -5,6 +5,7 @@
 #ifndef PLUGINS_MACHINE_CLASSES_BASECLASSES_H
 #define PLUGINS_MACHINE_CLASSES_BASECLASSES_H
 
+#include <cstdint>
 #include <string>
 
 #include <plugins/machine/MachineFacts.h>
@@ -20,13 +21,31 @@ extern const ClassRow kOperatingSystem;    // CIM_OperatingSystem
 extern const ClassRow kZrvComputerSystem;  // ZRVSG_ComputerSystem
 
 // CIM_LogicalDevice, abstract: SystemCreationClassName*, SystemName*, CreationClassName*,
-// DeviceID*, ElementName
+// DeviceID*, ElementName, EnabledState
 extern const ClassRow kLogicalDevice;
 
 // CIM_PhysicalElement, abstract: CreationClassName*, Tag*, ElementName, Manufacturer, Model, SKU,
-// SerialNumber, Version, PartNumber, OtherIdentifyingInfo
+// SerialNumber, Version, PartNumber, OtherIdentifyingInfo, Description
 extern const ClassRow kPhysicalElement;
 
+// CIM_PhysicalPackage: Removable, Replaceable, HotSwappable, Height (inches), PackageType
+extern const ClassRow kPhysicalPackage;
+// CIM_Chip: FormFactor
+extern const ClassRow kChip;
+// CIM_StorageExtent: BlockSize, NumberOfBlocks, ErrorMethodology
+extern const ClassRow kStorageExtent;
+// CIM_Memory: Volatile, StartingAddress, EndingAddress
+extern const ClassRow kMemory;
+
+// CIM_Processor; its properties stand in Processor.cpp
+extern const ClassRow kProcessor;
+
+// CIM_EnabledLogicalElement.EnabledState
+const std::uint16_t kEnabled = 2;
+const std::uint16_t kDisabled = 3;
+
+// CIM_Realizes: Antecedent CIM_PhysicalElement, Dependent CIM_LogicalDevice
+extern const AssociationRow kRealizes;
 // CIM_SystemDevice: GroupComponent CIM_System, PartComponent CIM_LogicalDevice
 extern const AssociationRow kSystemDevice;
 

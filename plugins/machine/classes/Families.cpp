@@ -13,6 +13,15 @@ const Family kFamilies[] = {
     {AddComputerSystem, Scope::kSystem},
     {AddOperatingSystem, Scope::kSystem},
     {AddProduct, Scope::kSystem},
+    {AddBios, Scope::kAll},
+    {AddEnclosure, Scope::kAll},
+    {AddProcessors, Scope::kAll},
+    {AddCaches, Scope::kAll},  // behind the processors that they belong to
+    {AddPhysicalMemory, Scope::kAll},
+    {AddConnectors, Scope::kAll},
+    {AddPower, Scope::kAll},
+    {AddIpmi, Scope::kAll},
+    {AddFirmwareStrings, Scope::kAll},
 };
 
 }  // namespace

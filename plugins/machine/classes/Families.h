@@ -17,16 +17,25 @@ namespace machine {
 void AddFamilies(NamespaceBuilder& builder, const MachineFacts& facts, Scope scope);
 
 // What families keep for each other, with NamespaceBuilder::Keep.
-const char kSystemRole[] = "system";         // number 0: ZRVSG_ComputerSystem
-const char kOperatingSystemRole[] = "os";    // number 0: ZRVSG_OperatingSystem
-const char kPhysicalRole[] = "smbios";       // by SMBIOS handle: a CIM_PhysicalElement
-const char kDeviceRole[] = "smbios device";  // by SMBIOS handle: a CIM_LogicalDevice
-const char kProcessorRole[] = "processor";   // by number from 0: CIM_Processor
-const char kMainChassisRole[] = "chassis";   // number 0: the first CIM_Chassis
+const char kSystemRole[] = "system";        // number 0: ZRVSG_ComputerSystem
+const char kOperatingSystemRole[] = "os";   // number 0: ZRVSG_OperatingSystem
+const char kPhysicalRole[] = "smbios";      // by SMBIOS handle: a CIM_PhysicalElement
+const char kSocketRole[] = "socket";        // by SMBIOS handle: the same CIM_Processor
+const char kProcessorRole[] = "processor";  // by number from 0: CIM_Processor
+const char kMainChassisRole[] = "chassis";  // number 0: the first CIM_Chassis
 
 void AddComputerSystem(NamespaceBuilder& builder, const MachineFacts& facts);
 void AddOperatingSystem(NamespaceBuilder& builder, const MachineFacts& facts);
 void AddProduct(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddBios(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddEnclosure(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddProcessors(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddCaches(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddPhysicalMemory(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddConnectors(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddPower(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddIpmi(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddFirmwareStrings(NamespaceBuilder& builder, const MachineFacts& facts);
 
 }  // namespace machine
 
