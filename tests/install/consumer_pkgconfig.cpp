@@ -6,6 +6,8 @@
 
 int main() {
   NZRVQDA20::TCIMValue value(7u);
-  std::printf("%s\n", value.ToString().c_str());
+  // Through the library smbios, which nobody named.
+  std::printf("%s %s\n", value.ToString().c_str(),
+              NZRVQDA20::TOSSpecific::GetMachineType().c_str());
   return 0;
 }

@@ -38,6 +38,7 @@ int main() {
   if (smBiosLoad(nullptr, &table).GetStatusCode() == TQDAStatusCode::kQDAStatusOK) {
     smBiosClose(&table);
   }
-  std::printf("%s %s\n", reference.GetClassName().c_str(), TOSSpecific::kPluginExtension.c_str());
+  std::printf("%s %s %s\n", reference.GetClassName().c_str(), TOSSpecific::kPluginExtension.c_str(),
+              TOSSpecific::GetMachineType().c_str());
   return 0;
 }
