@@ -1,6 +1,6 @@
 // The words of a command line.
 
-#include <random>
+#include <ostream>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +17,8 @@ struct Row {
   std::string line;
   Words words;
 };
+
+void PrintTo(const Row& row, std::ostream* stream) { *stream << row.line; }
 
 class CommandLine : public testing::TestWithParam<Row> {};
 

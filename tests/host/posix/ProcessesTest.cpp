@@ -110,7 +110,20 @@ QDACORE_CHILD(LacksDescriptors) {
   if (processes.MakePipe(pipe) || pipe.readEnd != Processes::kNoHandle) {
     return 2;
   }
-  return dup(0) == last ? 0 : 3;
+  if (dup(0) != last) {
+    return 3;
+  }
+  // Two that are standard ones, and room to move one of them only.
+  close(STDIN_FILENO);
+  close(STDOUT_FILENO);
+  close(last);
+  if (processes.MakePipe(pipe) || pipe.readEnd != Processes::kNoHandle) {
+    return 4;
+  }
+  return dup(STDERR_FILENO) == STDIN_FILENO && dup(STDERR_FILENO) == STDOUT_FILENO &&
+                 dup(STDERR_FILENO) == last
+             ? 0
+             : 5;
 }
 
 TEST(PosixProcesses, PipeThatCannotBeMadeLeavesNothing) {

@@ -176,11 +176,12 @@ TEST(SpawnProcessOnPosix, BothSeparatorsAreAcceptedInTheProgram) {
   TemporaryFolder folder;
   WriteScript(folder, "sub/word", "slash");
   EXPECT_EQ("slash\n", TOSSpecific::SpawnProcess("\"" + folder.Path() + "\\sub/word\"", 0));
-  ScopedEnvironment scope("PATH", (folder.Path() + ":/bin:/usr/bin").c_str());
-  EXPECT_STATUS(kQDAStatusFail, TOSSpecific::SpawnProcess("sub\\word", 0));
   // A file of that very name comes first.
   WriteScript(folder, "sub\\word", "backslash");
   EXPECT_EQ("backslash\n", TOSSpecific::SpawnProcess("\"" + folder.Path() + "/sub\\word\"", 0));
+  // And is not looked up on PATH.
+  ScopedEnvironment scope("PATH", (folder.Path() + ":/bin:/usr/bin").c_str());
+  EXPECT_STATUS(kQDAStatusFail, TOSSpecific::SpawnProcess("sub\\word", 0));
 }
 
 void ExpectNotStarted(const std::string& program) {
