@@ -103,6 +103,83 @@ class TOSSpecific {
                                                           std::string extension);
 
   // --- Paths, files and directories ----------------------------------------------------
+  //
+  // On Windows paths are what the host takes. On Linux "\" separates as "/" does, but what is
+  // there as it stands, up to a "/", is taken so: a name may hold a backslash there. A path with a
+  // NUL in it names nothing. Links are followed but where it says otherwise. Nothing is logged.
+
+  // Makes one directory; its parent must be there. Throws
+  //   kQDAStatusDirectoryAlreadyExists  something of that name is there, also a file
+  //   kQDAStatusAccessDenied            denied, a read-only file system, device not ready
+  //   kQDAStatusFileSystemError         all else, a missing parent too
+  QDACORE_EXPORT static void CreateDir(std::string path);
+
+  // Whether a directory, or anything else, is there under this name: a directory is no file. A
+  // missing one is false. Throws kQDAStatusFileSystemError when the host cannot tell, also when it
+  // denies to.
+  QDACORE_EXPORT static bool DirExists(std::string path);
+  QDACORE_EXPORT static bool FileExists(std::string path);
+
+  // Copies a file's contents and modification time, and on Windows its attributes. A target that
+  // is there is replaced; on Linux it keeps its owner and permissions, and a new one has those of
+  // the source less the umask. Holes of a sparse file stay holes on Linux. Neither is anything
+  // lost when both are the same file (kQDAStatusFileSystemError), nor does half a copy stay after
+  // a failure on the way: then no target is left, also when there was one. Throws
+  //   kQDAStatusAccessDenied     denied, a read-only file system, device not ready; a directory
+  //   kQDAStatusFileSystemError  all else: a missing source too, a full device, pipes and devices
+  QDACORE_EXPORT static void FileCopy(std::string source, std::string target);
+
+  // Copies what is in a directory into `target`, which is made when it is missing (its parent must
+  // be there): files by FileCopy, directories likewise when `recursive`, otherwise not at all.
+  // Entries whose names begin with a dot are passed over. What is in `target` already and has no
+  // namesake stays. A failure ends the copy at once: what was copied stays, and the search of
+  // each directory that was being read stays open, which is meant.
+  //
+  // Ends for certain and stays inside `target`: the target, and a directory that is being copied,
+  // is not entered when it turns up below `source`. On Linux a link to a directory (when
+  // `recursive`), and a link to nothing, becomes the same link; a link to a file becomes the
+  // file. A link that stands in `target` where a file or link goes is replaced; where a directory
+  // goes the copy fails (kQDAStatusFileSystemError).
+  //
+  // Throws kQDAStatusFileSystemError when `source` or a directory below cannot be searched (then
+  // its target has not been made), and what DirExists, CreateDir and FileCopy throw.
+  QDACORE_EXPORT static void DirCopy(std::string source, std::string target, bool recursive);
+
+  // The bare names of a directory's entries, in the order of the host, without those that begin
+  // with a dot. Throws kQDAStatusFileSystemError when it cannot be read, or not to its end.
+  QDACORE_EXPORT static std::vector<std::string> ListDir(std::string path);
+
+  // In bytes. Throws
+  //   kQDAStatusFileNotFound     nothing is there, or a directory
+  //   kQDAStatusFileSystemError  the host cannot tell
+  QDACORE_EXPORT static unsigned long long GetFileSize(std::string path);
+
+  // The process's current directory, in the host's form. One of more than 260 characters is not
+  // detected, which is meant: the text is then empty. Throws kQDAStatusFileSystemError when it is
+  // not to be had, as when it has been removed.
+  QDACORE_EXPORT static std::string GetCurrentDir();
+
+  // Places `path` under `base` unless it already says where it is. Text only, never fails. In this
+  // order: one double quote, or else one backslash, at the end of `path` is dropped; an empty
+  // `base` changes nothing more; a rooted path ("\x"), one with a drive and a root ("C:\x"), and
+  // one with another drive than that of `base` ("D:x"; case does not count) are returned; the
+  // drive of others is dropped; and `base` is put before them, with a backslash between when it
+  // does not end in one. On Linux a "/" counts like a backslash but at the end of `path`, and is
+  // what is put between when `base` holds neither a backslash nor a drive.
+  QDACORE_EXPORT static std::string RelocateRelativePath(std::string base, std::string path);
+
+  // For a program whose caller expands no wildcards: `argv` with each argument that holds a "*"
+  // replaced by the paths that match it, in the order of the host, directories and entries with a
+  // dot among them; one that matches nothing stays as it is. "*" and "?" count in the last part
+  // only, and a "?" alone expands nothing.
+  //
+  // The array (count in `*newArgc`, no null behind it) and each string in it are the caller's and
+  // come from malloc: each is released with free, on Windows that of the C runtime which this
+  // library uses. `argv` is left alone. Each search stays open for the life of the process, which
+  // is meant; on Linux it holds no descriptor then. Throws std::bad_alloc only, with nothing
+  // stored.
+  QDACORE_EXPORT static void ExpandCommandLineWildcards(int argc, char** const argv, int* newArgc,
+                                                        char*** const newArgv);
 
   // --- Processes and capture -----------------------------------------------------------
   //

@@ -9,6 +9,7 @@
 #include <qdacore/os/TOSSpecific.h>
 #include <qdacore/os/internal/CallerPath.h>
 #include <qdacore/os/internal/DirectorySearch.h>
+#include <qdacore/os/internal/FileSteps.h>
 #include <qdacore/plugin/INamespaceConsumer.h>
 
 namespace NZRVQDA20 {
@@ -22,8 +23,6 @@ const std::size_t kServiceEndingLength = 8;  // ".nsp.dll"
 
 // What every loader gives for a name that no file can have.
 const unsigned long kModuleNotFound = 126;
-
-[[noreturn]] void FileSystemError() { Throw(TQDAStatusCode::kQDAStatusFileSystemError); }
 
 std::string Join(const std::string& directory, const std::string& name) {
   return directory + host::PathSeparator() + name;
