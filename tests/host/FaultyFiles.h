@@ -23,49 +23,58 @@ class FaultyFiles final : public ForwardingFiles {
 
   host::Outcome FindFirst(const std::string& directory, const std::string& pattern, Search& search,
                           host::FoundEntry& entry) override {
-    return Opened(search, fPlan.Fails("FindFirst")
+    return Opened(search, Fails("FindFirst")
                               ? fPlan.Failure()
                               : ForwardingFiles::FindFirst(directory, pattern, search, entry));
   }
   host::Outcome FindFirstPath(const std::string& path, Search& search,
                               host::FoundEntry& entry) override {
-    return Opened(search, fPlan.Fails("FindFirstPath")
+    return Opened(search, Fails("FindFirstPath")
                               ? fPlan.Failure()
                               : ForwardingFiles::FindFirstPath(path, search, entry));
   }
   host::Outcome FindNext(Search search, host::FoundEntry& entry) override {
-    return fPlan.Fails("FindNext") ? fPlan.Failure() : ForwardingFiles::FindNext(search, entry);
+    return Fails("FindNext") ? fPlan.Failure() : ForwardingFiles::FindNext(search, entry);
   }
   void CloseSearch(Search search) override {
     EXPECT_EQ(1u, fOpen.erase(search)) << "closed twice, or never opened";
     ForwardingFiles::CloseSearch(search);
   }
   host::Outcome MakeDirectory(const std::string& path) override {
-    return fPlan.Fails("MakeDirectory") ? fPlan.Failure() : ForwardingFiles::MakeDirectory(path);
+    return Fails("MakeDirectory") ? fPlan.Failure() : ForwardingFiles::MakeDirectory(path);
   }
   host::Outcome ReadKind(const std::string& path, bool& isDirectory) override {
-    return fPlan.Fails("ReadKind") ? fPlan.Failure() : ForwardingFiles::ReadKind(path, isDirectory);
+    return Fails("ReadKind") ? fPlan.Failure() : ForwardingFiles::ReadKind(path, isDirectory);
   }
   host::Outcome ReadSize(const std::string& path, std::uint64_t& size) override {
-    return fPlan.Fails("ReadSize") ? fPlan.Failure() : ForwardingFiles::ReadSize(path, size);
+    return Fails("ReadSize") ? fPlan.Failure() : ForwardingFiles::ReadSize(path, size);
   }
   host::Outcome Copy(const std::string& source, const std::string& target, AtLink atLink) override {
-    return fPlan.Fails("Copy") ? fPlan.Failure() : ForwardingFiles::Copy(source, target, atLink);
+    return Fails("Copy") ? fPlan.Failure() : ForwardingFiles::Copy(source, target, atLink);
   }
   host::Outcome CopyLink(const std::string& source, const std::string& target) override {
-    return fPlan.Fails("CopyLink") ? fPlan.Failure() : ForwardingFiles::CopyLink(source, target);
+    return Fails("CopyLink") ? fPlan.Failure() : ForwardingFiles::CopyLink(source, target);
   }
   bool Identify(const std::string& path, host::DirectoryIdentity& identity) override {
-    return !fPlan.Fails("Identify") && ForwardingFiles::Identify(path, identity);
+    return !Fails("Identify") && ForwardingFiles::Identify(path, identity);
   }
   std::size_t CurrentDirectory(char* buffer, std::size_t size) override {
-    return fPlan.Fails("CurrentDirectory") ? 0 : ForwardingFiles::CurrentDirectory(buffer, size);
+    return Fails("CurrentDirectory") ? 0 : ForwardingFiles::CurrentDirectory(buffer, size);
   }
 
-  // Searches that are open now.
+  // Searches that are open now, and that were open when the call by plan failed.
   std::size_t OpenSearches() const { return fOpen.size(); }
+  std::size_t OpenSearchesAtFailure() const { return fOpenAtFailure; }
 
  private:
+  bool Fails(const char* call) {
+    const bool fails = fPlan.Fails(call);
+    if (fails) {
+      fOpenAtFailure = fOpen.size();
+    }
+    return fails;
+  }
+
   host::Outcome Opened(const Search& search, const host::Outcome& outcome) {
     if (outcome.Done()) {
       fOpen.insert(search);
@@ -75,6 +84,7 @@ class FaultyFiles final : public ForwardingFiles {
 
   FaultPlan& fPlan;
   std::set<Search> fOpen;
+  std::size_t fOpenAtFailure = 0;
 };
 
 }  // namespace host_fakes

@@ -101,7 +101,7 @@ class ContentsCopy {
       }
     }
     // A hole at the end.
-    return ftruncate(fTo, size) == 0;
+    return fAt >= size || ftruncate(fTo, size) == 0;
   }
 
  private:
@@ -197,7 +197,9 @@ Outcome CopyBetween(int from, const struct stat& sourceFacts, Descriptor& to, co
   if (SameFile(sourceFacts, targetFacts)) {
     return kInUse;
   }
-  if (ftruncate(to.Number(), 0) != 0) {
+  // Not for an empty one: some file systems take that for a replacement, and write all of it to
+  // the device before the close returns.
+  if (targetFacts.st_size > 0 && ftruncate(to.Number(), 0) != 0) {
     // Whole as it was.
     return OutcomeOfErrno(errno);
   }
