@@ -1,5 +1,7 @@
 // Files and directories, one at a time.
 
+#include <utility>
+
 #include <qdacore/frame/internal/Throw.h>
 #include <qdacore/host/Files.h>
 #include <qdacore/os/TOSSpecific.h>
@@ -48,10 +50,10 @@ std::vector<std::string> TOSSpecific::ListDir(std::string path) {
   std::vector<std::string> names;
   host::Outcome next = host::Success();
   for (; next.Done(); next = search.Next()) {
-    const std::string& name = search.Entry().name;
+    std::string& name = search.Entry().name;
     // Not only "." and "..".
     if (name[0] != '.') {
-      names.push_back(name);
+      names.push_back(std::move(name));
     }
   }
   if (next.situation != host::Situation::kNoFile) {

@@ -13,7 +13,10 @@ bool MatchesWildcard(const std::string& pattern, const char* name) {
   const char* retry = nullptr;
   while (*name) {
     if (at < pattern.size() && pattern[at] == '*') {
-      afterStar = ++at;
+      if (++at == pattern.size()) {
+        return true;
+      }
+      afterStar = at;
       retry = name;
     } else if (at < pattern.size() && (pattern[at] == '?' || pattern[at] == *name)) {
       ++at;
