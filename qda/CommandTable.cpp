@@ -1,13 +1,26 @@
 #include <qda/CommandTable.h>
 
+#include <qda/ClassCommand.h>
+#include <qda/ClassesCommand.h>
+#include <qda/GetCommand.h>
 #include <qda/IdentifyCommand.h>
+#include <qda/InstancesCommand.h>
 #include <qda/ProvidersCommand.h>
+#include <qda/SmbiosCommand.h>
 
 namespace qda {
 
 std::vector<const Command*> AllCommands() {
   return {
+      // Machine
       &kIdentifyCommand,
+      &kSmbiosCommand,
+      // Inventory
+      &kClassesCommand,
+      &kClassCommand,
+      &kInstancesCommand,
+      &kGetCommand,
+      // Plug-ins
       &kProvidersCommand,
   };
 }

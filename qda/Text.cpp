@@ -65,6 +65,15 @@ std::string Printable(const std::string& text) {
   return printable;
 }
 
+std::string Folded(std::string text) {
+  for (char& character : text) {
+    if (character >= 'A' && character <= 'Z') {
+      character = static_cast<char>(character - 'A' + 'a');
+    }
+  }
+  return text;
+}
+
 std::string Columns(const std::vector<std::vector<std::string>>& rows) {
   std::vector<std::size_t> widths;
   for (const std::vector<std::string>& row : rows) {

@@ -12,6 +12,9 @@ namespace qda {
 // bytes that are no UTF-8 become \x1B and the like, byte by byte.
 std::string Printable(const std::string& text);
 
+// `text` with the letters A to Z small: CIM names and those of options compare by it.
+std::string Folded(std::string text);
+
 // Lines of columns that stand under each other, two blanks apart, with no blank at the end of a
 // line. The cells are made printable.
 std::string Columns(const std::vector<std::vector<std::string>>& rows);

@@ -7,7 +7,7 @@ _qda() {
   local command= word words=
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case $word in
-      identify | providers) command=$word && break ;;
+      identify | smbios | classes | class | instances | get | providers) command=$word && break ;;
     esac
   done
   case $previous in
@@ -21,9 +21,13 @@ _qda() {
     --provider) words="machine" ;;
     *)
       case $command in
-        identify) words="--provider --smbios-dump --output --log --log-level --help" ;;
+        instances) words="--deep --provider --smbios-dump --output --log --log-level --help" ;;
+        identify | classes | class | get)
+          words="--provider --smbios-dump --output --log --log-level --help"
+          ;;
+        smbios) words="--smbios-dump --output --log --log-level --help" ;;
         providers) words="--output --log --log-level --help" ;;
-        *) words="identify providers --help --version" ;;
+        *) words="identify smbios classes class instances get providers --help --version" ;;
       esac
       ;;
   esac

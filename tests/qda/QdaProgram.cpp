@@ -68,6 +68,10 @@ void Installation::AddOddModule() const {
   LinkOrCopy(QDA_ODD_MODULE, fFolder.PathOf("odd.nsp.dll"));
 }
 
+void Installation::AddInventoryModule() const {
+  LinkOrCopy(QDA_INVENTORY_MODULE, fFolder.PathOf("inventory.nsp.dll"));
+}
+
 void Installation::AddFile(const std::string& name, const std::string& text) const {
   fFolder.Write(name, text);
 }

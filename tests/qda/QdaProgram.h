@@ -28,6 +28,7 @@ class Installation {
   const std::string& Path() const { return fFolder.Path(); }
   void AddMachineModule() const;
   void AddOddModule() const;
+  void AddInventoryModule() const;
   // A file of that name with that text.
   void AddFile(const std::string& name, const std::string& text) const;
 

@@ -1,0 +1,168 @@
+// Structures decoded byte by byte. What dmidecode confirms is in SmbiosDmidecodeTest; here is what
+// it has no word for, and what no firmware should write.
+
+#include <qda/SmbiosStructure.h>
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <smbios/sample/TableBuilder.h>
+
+namespace {
+
+using qda::DecodeStructure;
+using qda::SmbiosField;
+using qda::SmbiosStructure;
+using qda::SmbiosVersion;
+using smbios::sample::Bytes;
+using smbios::sample::StructureBuilder;
+
+// The value of a field; "(null)" for one that is not stated, "(none)" when there is no such field.
+std::string Value(const SmbiosStructure& structure, const std::string& name) {
+  for (const SmbiosField& field : structure.fields) {
+    if (field.name == name) {
+      return field.value.value_or("(null)");
+    }
+  }
+  return "(none)";
+}
+
+SmbiosStructure Decode(const StructureBuilder& builder, SmbiosVersion version = {3, 0}) {
+  const Bytes bytes = builder.Build();
+  return DecodeStructure(bytes.data(), bytes.size(), version);
+}
+
+TEST(SmbiosStructureTest, HasItsHeader) {
+  const SmbiosStructure structure = Decode(StructureBuilder(17, 0xABCD).Word(1));
+  EXPECT_EQ(17u, structure.type);
+  EXPECT_EQ(6u, structure.length);
+  EXPECT_EQ(0xABCD, structure.handle);
+  EXPECT_EQ("Memory Device", structure.name);
+}
+
+TEST(SmbiosStructureTest, LeavesOutWhatAnEarlierVersionHasNot) {
+  const SmbiosStructure structure = Decode(StructureBuilder(1, 1).Text("A").Text("B"));
+  EXPECT_EQ("A", Value(structure, "Manufacturer"));
+  EXPECT_EQ("B", Value(structure, "Product Name"));
+  EXPECT_EQ("(none)", Value(structure, "Version"));
+  EXPECT_EQ(2u, structure.fields.size());
+}
+
+TEST(SmbiosStructureTest, TellsAStringThatIsNotThere) {
+  const SmbiosStructure structure = Decode(StructureBuilder(1, 1).Byte(0).Byte(7).LooseText("A"));
+  EXPECT_EQ("(null)", Value(structure, "Manufacturer"));
+  EXPECT_EQ("(there is no string 7)", Value(structure, "Product Name"));
+}
+
+TEST(SmbiosStructureTest, ReadsAUuidByTheVersionOfTheTable) {
+  StructureBuilder system(1, 1);
+  system.Dword(0).Qword(0x7766554433221100).Qword(0xFFEEDDCCBBAA9988);
+  EXPECT_EQ("33221100-5544-7766-8899-aabbccddeeff", Value(Decode(system, {2, 6}), "UUID"));
+  EXPECT_EQ("00112233-4455-6677-8899-aabbccddeeff", Value(Decode(system, {2, 5}), "UUID"));
+  EXPECT_EQ("33221100-5544-7766-8899-aabbccddeeff", Value(Decode(system, {0, 0}), "UUID"));
+}
+
+StructureBuilder MemoryDevice(std::uint64_t size, std::uint64_t extended) {
+  StructureBuilder device(17, 1);
+  device.Qword(0).Word(size).Qword(0).Dword(0).Word(0).Dword(extended);
+  return device;
+}
+
+TEST(SmbiosStructureTest, ReadsEverySizeOfMemory) {
+  const auto size = [](std::uint64_t number, std::uint64_t extended) {
+    return Value(Decode(MemoryDevice(number, extended)), "Size");
+  };
+  EXPECT_EQ("No module installed", size(0, 0));
+  EXPECT_EQ("(null)", size(0xFFFF, 0));
+  EXPECT_EQ("512 KiB", size(0x8200, 0));
+  EXPECT_EQ("1536 MiB", size(1536, 0));
+  EXPECT_EQ("32 GiB", size(0x7FFF, 32768));
+  EXPECT_EQ("1 TiB", size(0x7FFF, 0x100000));
+  // An old structure has no double word to look at.
+  EXPECT_EQ("32767 MiB", Value(Decode(StructureBuilder(17, 1).Qword(0).Word(0x7FFF)), "Size"));
+}
+
+TEST(SmbiosStructureTest, ReadsEverySizeOfACache) {
+  const auto size = [](std::uint64_t number, std::uint64_t extended) {
+    StructureBuilder cache(7, 1);
+    cache.Byte(0).Word(0).Word(number).Qword(0).Word(0).Dword(extended).Dword(0);
+    return Value(Decode(cache), "Maximum Cache Size");
+  };
+  EXPECT_EQ("512 KiB", size(512, 0));
+  EXPECT_EQ("32 MiB", size(0x8200, 0));
+  EXPECT_EQ("3 GiB", size(0xFFFF, 0x8000C000));
+  EXPECT_EQ("3 MiB", size(0xFFFF, 0xC00));
+}
+
+TEST(SmbiosStructureTest, ReadsAddressesBeyondTheirFields) {
+  StructureBuilder address(19, 1);
+  address.Dword(0xFFFFFFFF).Dword(0xFFFFFFFF).Word(0x1000).Byte(2);
+  const SmbiosStructure old = Decode(address);
+  EXPECT_EQ("(null)", Value(old, "Starting Address"));
+  address.Qword(0x40000000000).Qword(0x7FFFFFFFFFF);
+  const SmbiosStructure structure = Decode(address);
+  EXPECT_EQ("0x40000000000", Value(structure, "Starting Address"));
+  EXPECT_EQ("0x7FFFFFFFFFF", Value(structure, "Ending Address"));
+}
+
+TEST(SmbiosStructureTest, FindsTheChassisSkuBehindTheContainedElements) {
+  StructureBuilder chassis(3, 1);
+  chassis.Text("M").Byte(3).Text("").Text("").Text("").Dword(0x03030303).Dword(0).Byte(2).Byte(1);
+  StructureBuilder without = chassis;
+  chassis.Byte(2).Byte(3).Qword(0);
+  EXPECT_EQ("(null)", Value(Decode(chassis), "SKU Number"));
+  without.Byte(2).Byte(3).Dword(0).Word(0).Text("sku");
+  EXPECT_EQ("sku", Value(Decode(without), "SKU Number"));
+  // Contained elements that would reach beyond the structure.
+  StructureBuilder beyond(3, 1);
+  beyond.Qword(0).Dword(0).Word(0).Byte(0).Byte(0xFF).Byte(0xFF);
+  EXPECT_EQ("(null)", Value(Decode(beyond), "SKU Number"));
+}
+
+TEST(SmbiosStructureTest, ShowsNumbersThatStandForNothing) {
+  EXPECT_EQ("0xEE",
+            Value(Decode(StructureBuilder(8, 1).Byte(0).Byte(0xEE)), "Internal Connector Type"));
+  EXPECT_EQ("0xB7", Value(Decode(StructureBuilder(9, 1).Byte(0).Byte(0xB7)), "Slot Type"));
+}
+
+TEST(SmbiosStructureTest, WithoutAWholeHeaderIsNothing) {
+  const unsigned char bytes[] = {17, 3, 0, 0};
+  for (std::size_t size = 0; size <= sizeof bytes; ++size) {
+    EXPECT_TRUE(DecodeStructure(bytes, size, {3, 0}).fields.empty());
+  }
+  EXPECT_TRUE(DecodeStructure(nullptr, 0, {3, 0}).fields.empty());
+}
+
+// Every type, cut to every length of its formatted area, with bytes of every kind, in a block that
+// ends where the structure does: a checker of memory sees what is read outside.
+TEST(SmbiosStructureTest, OfAnyTypeAndLengthIsReadInsideOnly) {
+  const unsigned int fills[] = {0x00, 0x01, 0x7F, 0x80, 0xFF};
+  std::set<std::string> names;
+  for (unsigned int type = 0; type < 256; ++type) {
+    for (unsigned int length = 0; length < 128; ++length) {
+      for (const unsigned int fill : fills) {
+        const std::size_t size = length < 4 ? 4 : length;
+        const std::unique_ptr<unsigned char[]> bytes(new unsigned char[size]);
+        std::fill(bytes.get(), bytes.get() + size, static_cast<unsigned char>(fill));
+        bytes[0] = static_cast<unsigned char>(type);
+        bytes[1] = static_cast<unsigned char>(length);
+        const SmbiosStructure structure = DecodeStructure(bytes.get(), size, {3, 0});
+        for (const SmbiosField& field : structure.fields) {
+          names.insert(field.name);
+        }
+        // Strings that no NUL closes are none.
+        EXPECT_EQ(structure.fields.end(),
+                  std::find_if(structure.fields.begin(), structure.fields.end(),
+                               [](const SmbiosField& field) { return field.name == "String 1"; }));
+      }
+    }
+  }
+  EXPECT_LT(80u, names.size());
+}
+
+}  // namespace
