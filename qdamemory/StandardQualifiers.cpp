@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <boost/function.hpp>
+
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/cim/object/ICIMQualifierDecl.h>
 #include <qdacore/frame/TQDAException.h>
@@ -113,12 +115,26 @@ bool IsDeclared(const ICIMNamespace& ns, const std::string& name) {
   return true;
 }
 
+bool HasDeclarations(const ICIMNamespace& ns) {
+  bool has = false;
+  boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)> first =
+      [&has](boost::shared_ptr<ICIMQualifierDecl>) {
+        has = true;
+        return false;
+      };
+  ns.EnumerateQualifierDecls(first, TContext());
+  return has;
+}
+
 }  // namespace
 
 void DeclareStandardQualifiers(boost::shared_ptr<ICIMNamespace> ns) {
+  // In a new namespace there is none of them, and an exception for each would cost more than all
+  // the rest.
+  const bool mayBeDeclared = HasDeclarations(*ns);
   for (std::size_t at = 0; at < sizeof(kRows) / sizeof(kRows[0]); ++at) {
     const TRow& row = kRows[at];
-    if (!IsDeclared(*ns, row.name)) {
+    if (!mayBeDeclared || !IsDeclared(*ns, row.name)) {
       ns->CreateQualifierDecl(row.name, DefaultOf(row.kind), row.scope, row.flavor, TContext())
           ->Commit(TContext());
     }
