@@ -14,6 +14,10 @@ EventLog& HostEventLog() {
 
 Files& HostFiles() { return replacements.files ? *replacements.files : SystemFiles(); }
 
+FtpClient& HostFtpClient() {
+  return replacements.ftpClient ? *replacements.ftpClient : SystemFtpClient();
+}
+
 Modules& HostModules() { return replacements.modules ? *replacements.modules : SystemModules(); }
 
 Account& HostAccount() { return replacements.account ? *replacements.account : SystemAccount(); }
@@ -28,6 +32,10 @@ Machine& HostMachine() { return replacements.machine ? *replacements.machine : S
 
 Processes& HostProcesses() {
   return replacements.processes ? *replacements.processes : SystemProcesses();
+}
+
+Resolver& HostResolver() {
+  return replacements.resolver ? *replacements.resolver : SystemResolver();
 }
 
 }  // namespace host

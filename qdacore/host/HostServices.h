@@ -11,8 +11,10 @@
 #include <qdacore/host/EventLog.h>
 #include <qdacore/host/Files.h>
 #include <qdacore/host/Machine.h>
+#include <qdacore/host/FtpClient.h>
 #include <qdacore/host/Modules.h>
 #include <qdacore/host/Processes.h>
+#include <qdacore/host/Resolver.h>
 
 namespace NZRVQDA20 {
 namespace host {
@@ -21,12 +23,14 @@ namespace host {
 Clock& SystemClock();
 EventLog& SystemEventLog();
 Files& SystemFiles();
+FtpClient& SystemFtpClient();
 Modules& SystemModules();
 Account& SystemAccount();
 Console& SystemConsole();
 Environment& SystemEnvironment();
 Machine& SystemMachine();
 Processes& SystemProcesses();
+Resolver& SystemResolver();
 
 // A null pointer stands for the host's own. Not guarded against threads.
 struct Replacements {
@@ -39,6 +43,8 @@ struct Replacements {
   Environment* environment = nullptr;
   Machine* machine = nullptr;
   Processes* processes = nullptr;
+  FtpClient* ftpClient = nullptr;
+  Resolver* resolver = nullptr;
 };
 extern Replacements replacements;
 

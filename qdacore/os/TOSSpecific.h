@@ -232,6 +232,42 @@ class TOSSpecific {
   QDACORE_EXPORT static std::string CaptureFileLoader(std::string fileName, bool logSystemText);
 
   // --- File transfer -------------------------------------------------------------------
+  //
+  // FTP (RFC 959), always passive, through the host's own client, which is found when it is first
+  // needed: WinINet, and libcurl on Linux. A failure is false and, where there is something to
+  // say, an error line in the core log; the status exceptions are not used. A carriage return,
+  // line feed or NUL in any argument is a failure with nothing sent. Calls block as long as the
+  // client does: no time limit is set here. docs/transfer.md has all texts.
+
+  // Sends `localFile` as `remoteFile`, in binary mode. True when the server has taken it. `target`:
+  //
+  //   [USER[:PASSWORD]@]HOST[:PORT][/PATH]
+  //   [USER[:PASSWORD]@]IPV6-ADDRESS[:PORT][/PATH]    bare, or in brackets
+  //   any text that holds the vendor's upload server's name (QDACORE_UPLOAD_SERVER of the build)
+  //
+  // Without USER the login is anonymous. PORT counts only with USER and without an IPv6 address;
+  // otherwise it is 21. The first "@" ends the credentials, so PASSWORD cannot hold one. `PATH` is
+  // appended to the directory that the login leads to, and the file goes there; when the
+  // directory cannot be entered, it goes to where the login leads. A bare IPv6 address that
+  // cannot be reached is tried again without its last group, anonymously. The vendor's server is
+  // taken as the text stands: no part of it is parsed, the login is anonymous.
+  //
+  // The debug log gets a line with the password in clear text.
+  QDACORE_EXPORT static bool FTPFile(std::string target, std::string localFile,
+                                     std::string remoteFile);
+
+  // Fetches `remoteFile` into `localFile`, in text mode, which changes line ends and so spoils
+  // anything but text. A local file that is there already is left alone, and the result is false.
+  // `target` is [USER:PASSWORD@]HOST; the port is 21. An account that is given in full is NOT
+  // used: the login is then anonymous.
+  QDACORE_EXPORT static bool FTPFileFromZRV(std::string target, std::string localFile,
+                                            std::string remoteFile);
+
+  // Whether a name resolves to an IPv4 address; nothing connects to it. 0, or the error code of
+  // the host's resolver (Windows: 11001 and the like; Linux: EAI_NONAME and the like), which is
+  // also left as the thread's last socket error (on Linux: errno). `service` is a name such as
+  // "ftp", or a port's number; one that is unknown is an error too.
+  QDACORE_EXPORT static int DetectHostnameAvailable(std::string hostName, std::string service);
 
   // --- SMBIOS machine identification ---------------------------------------------------
   //
