@@ -12,7 +12,6 @@
 
 #include <errno.h>
 #include <fcntl.h>
-#include <fcntl.h>
 #include <netinet/in.h>
 #include <string.h>
 #include <sys/socket.h>
@@ -185,10 +184,13 @@ class CurlConnection {
     return fLibrary.easyGetinfo(fHandle, curl::kEntryPath, &path) == curl::kOk ? path : nullptr;
   }
 
-  bool Command(std::string command) {
-    curl::List quote = {&command[0], nullptr};
+  // Whether the server accepts a command. The asterisk is libcurl's: a refusal, which the reply's
+  // code tells, is no reason to end the connection.
+  bool Command(const std::string& command) {
+    std::string line = "*" + command;
+    curl::List quote = {&line[0], nullptr};
     Set(curl::kQuote, &quote);
-    const bool done = Perform();
+    const bool done = Perform() && ReplyCode() < 400;
     Set(curl::kQuote, static_cast<curl::List*>(nullptr));
     return done;
   }
