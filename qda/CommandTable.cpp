@@ -7,6 +7,7 @@
 #include <qda/InstancesCommand.h>
 #include <qda/ProvidersCommand.h>
 #include <qda/SmbiosCommand.h>
+#include <qda/TransferCommands.h>
 
 namespace qda {
 
@@ -22,6 +23,10 @@ std::vector<const Command*> AllCommands() {
       &kGetCommand,
       // Plug-ins
       &kProvidersCommand,
+      // Network
+      &kPutCommand,
+      &kFetchCommand,
+      &kHostCommand,
   };
 }
 

@@ -7,11 +7,11 @@ _qda() {
   local command= word words=
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case $word in
-      identify | smbios | classes | class | instances | get | providers) command=$word && break ;;
+      identify | smbios | classes | class | instances | get | providers | put | fetch | host) command=$word && break ;;
     esac
   done
   case $previous in
-    --smbios-dump | --log)
+    --smbios-dump | --log | --password-file)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$current")
       return
@@ -27,7 +27,16 @@ _qda() {
           ;;
         smbios) words="--smbios-dump --output --log --log-level --help" ;;
         providers) words="--output --log --log-level --help" ;;
-        *) words="identify smbios classes class instances get providers --help --version" ;;
+        put)
+          words="--as --user --password-file --output --log --log-level --help"
+          if [[ $current != -* ]]; then
+            compopt -o filenames 2>/dev/null
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            return
+          fi
+          ;;
+        fetch | host) words="--output --log --log-level --help" ;;
+        *) words="identify smbios classes class instances get providers put fetch host --help --version" ;;
       esac
       ;;
   esac

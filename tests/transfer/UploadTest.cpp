@@ -147,7 +147,11 @@ TEST_F(UploadTo, FullDiskIsAFailure) {
   EXPECT_FALSE(Upload("full:se:cret@" + At("plain"), EveryByte(1000000), "too-much"));
   // What fits still does.
   EXPECT_TRUE(Upload("full:se:cret@" + At("plain"), "little", "too-much"));
-  EXPECT_EQ("little", Stored("plain/full/too-much"));
+  // Wine's server, which opens files for Windows programs, does not see a disk that is mounted for
+  // this test alone.
+  if (!kIsWindows) {
+    EXPECT_EQ("little", Stored("plain/full/too-much"));
+  }
 }
 
 TEST_F(UploadTo, ThrottledServerGetsEveryByte) {
