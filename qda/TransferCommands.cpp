@@ -198,7 +198,10 @@ int RunHost(const HostOptions& options, Format format) {
 
 std::function<int()> DeclarePut(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<TransferOptions>();
-  app->add_option("FILE", options->localFile, "The file to send")->required()->check(NotEmpty())->option_text(" ");
+  app->add_option("FILE", options->localFile, "The file to send")
+      ->required()
+      ->check(NotEmpty())
+      ->option_text(" ");
   app->add_option("SERVER", options->server,
                   "HOST, HOST:PORT (with --user) or an IPv6\naddress; \"/DIRECTORY\" may follow")
       ->required()
@@ -236,7 +239,10 @@ std::function<int()> DeclareFetch(CLI::App* app, RunOptions* run) {
 
 std::function<int()> DeclareHost(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<HostOptions>();
-  app->add_option("NAME", options->name, "The host's name")->required()->check(NotEmpty())->option_text(" ");
+  app->add_option("NAME", options->name, "The host's name")
+      ->required()
+      ->check(NotEmpty())
+      ->option_text(" ");
   app->add_option("SERVICE", options->service, "A service's name or port; \"ftp\" when not\ngiven")
       ->check(NotEmpty())
       ->option_text(" ");

@@ -16,7 +16,8 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 TEST(UploadServer, IsTakenWhenItMeansWhatItSays) {
-  for (const char* server : {"h", "h/in/box", "127.0.0.1", "::1", "[::1]/in", "upload.zrv.example"}) {
+  for (const char* server :
+       {"h", "h/in/box", "127.0.0.1", "::1", "[::1]/in", "upload.zrv.example"}) {
     EXPECT_EQ("", WhyNoUploadTarget(server, "")) << server;
   }
   for (const char* server : {"h", "h:2121", "h:2121/in:out:a", "::1", "[::1]"}) {
@@ -78,10 +79,11 @@ TEST(TransferFailures, HaveAWordEach) {
               StartsWith("the server cannot be reached, or refuses the login"));
   EXPECT_EQ("the server says \"550 No.\" (kQDAStatusTransferFailure)",
             TransferFailure("TOSSpecific Error: 550 No.\r\n"));
-  EXPECT_EQ("the server does not let us into the directory; the server says \"550 No.\" "
-            "(kQDAStatusTransferFailure)",
-            TransferFailure("TOSSpecific Error: Couldn't do SetCurrentDirectory.; TOSSpecific "
-                            "Error: 550 No."));
+  EXPECT_EQ(
+      "the server does not let us into the directory; the server says \"550 No.\" "
+      "(kQDAStatusTransferFailure)",
+      TransferFailure("TOSSpecific Error: Couldn't do SetCurrentDirectory.; TOSSpecific "
+                      "Error: 550 No."));
   EXPECT_THAT(TransferFailure(""), StartsWith("the server refused it, or the connection broke"));
   EXPECT_FALSE(IsAstray("TOSSpecific Error: Couldn't do GetCurrentDirectory."));
   EXPECT_TRUE(IsAstray("TOSSpecific Error: Couldn't do SetCurrentDirectory."));
