@@ -10,8 +10,8 @@
 #include <qdacore/host/Environment.h>
 #include <qdacore/host/EventLog.h>
 #include <qdacore/host/Files.h>
-#include <qdacore/host/Machine.h>
 #include <qdacore/host/FtpClient.h>
+#include <qdacore/host/Machine.h>
 #include <qdacore/host/Modules.h>
 #include <qdacore/host/Processes.h>
 #include <qdacore/host/Resolver.h>
