@@ -349,6 +349,10 @@ class TOSSpecific {
   QDACORE_EXPORT static void getxBMCVirtualDevices(int kind, std::vector<std::string>& devices,
                                                    bool all);
 
+  // Whether the file docs/oem_qda_preboot_readme.txt is there, looked for from the current
+  // directory. Throws kQDAStatusFileSystemError when that cannot be told.
+  QDACORE_EXPORT static bool isOEMBuild();
+
   // Two flags of the process that hosts and plug-ins share; the library reads neither. False at
   // load. Plain stores: threads keep them apart.
   QDACORE_EXPORT static void setLuz(bool value);

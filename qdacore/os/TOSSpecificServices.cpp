@@ -48,6 +48,9 @@ std::vector<std::pair<std::string, std::string> > TOSSpecific::EnumerateRemovabl
 
 void TOSSpecific::getxBMCVirtualDevices(int, std::vector<std::string>&, bool) {}
 
+// Told by a file that only such a build brings along.
+bool TOSSpecific::isOEMBuild() { return FileExists("docs/oem_qda_preboot_readme.txt"); }
+
 void TOSSpecific::setLuz(bool value) { luzFlag = value; }
 
 bool TOSSpecific::getLuz() { return luzFlag; }

@@ -1,9 +1,8 @@
 // Account, machine, waiting, flags, and what is not there.
 
 #include <chrono>
-#include <filesystem>
+#include <cstdio>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -12,7 +11,6 @@
 #include <tests/os/ServiceAids.h>
 #include <tests/support/ChildProcess.h>
 #include <tests/support/ExpectStatus.h>
-#include <tests/support/LogCapture.h>
 #include <tests/support/TemporaryFolder.h>
 
 namespace {
@@ -62,6 +60,31 @@ TEST(GetxBMCVirtualDevices, LeavesTheVectorAsItIs) {
     TOSSpecific::getxBMCVirtualDevices(kind, devices, false);
     EXPECT_EQ((std::vector<std::string>{"one", "two"}), devices);
   }
+}
+
+QDACORE_CHILD(TellsItsBuildKind) {
+  std::fputs(TOSSpecific::isOEMBuild() ? "OEM" : "plain", stdout);
+  return 0;
+}
+
+std::string BuildKindIn(const TemporaryFolder& folder) {
+  return RunProgram(OwnProgram(), {"--run-as-child", "TellsItsBuildKind"}, {}, folder.Path())
+      .output;
+}
+
+TEST(IsOEMBuild, LooksForAFileFromTheCurrentDirectory) {
+  const TemporaryFolder folder;
+  EXPECT_EQ("plain", BuildKindIn(folder));
+  folder.Write("oem_qda_preboot_readme.txt", "");
+  EXPECT_EQ("plain", BuildKindIn(folder));
+  folder.Write("docs/oem_qda_preboot_readme.txt", "");
+  EXPECT_EQ("OEM", BuildKindIn(folder));
+}
+
+TEST(IsOEMBuild, FolderOfThatNameIsNoFile) {
+  const TemporaryFolder folder;
+  folder.MakeFolder("docs/oem_qda_preboot_readme.txt");
+  EXPECT_EQ("plain", BuildKindIn(folder));
 }
 
 // In a process of its own, where nothing has set them.
