@@ -4,6 +4,7 @@
 #ifndef PLUGINS_MACHINE_MACHINEFACTS_H
 #define PLUGINS_MACHINE_MACHINEFACTS_H
 
+#include <plugins/machine/HostFacts.h>
 #include <plugins/machine/OperatingSystemFacts.h>
 #include <plugins/machine/SmbiosFacts.h>
 #include <plugins/machine/SmbiosStructures.h>
@@ -21,6 +22,8 @@ struct MachineFacts {
   // Empty for Scope::kSystem, and when there is no table.
   SmbiosStructures smbios;
   OperatingSystemFacts operatingSystem;
+  // Empty for Scope::kSystem; without processors when the table has some.
+  HostFacts host;
 };
 
 }  // namespace machine

@@ -15,6 +15,8 @@ using NZRVQDA20::TCIMValue;
 
 namespace {
 
+const unsigned int kProcessorInformation = 4;  // the SMBIOS type (DSP0134, 7.5)
+
 Scope ScopeOf(const std::map<std::string, TCIMValue>& context) {
   const auto found = context.find("scope");
   const bool isSystem = found != context.end() && !found->second.IsNull() &&
@@ -29,6 +31,11 @@ boost::shared_ptr<ICIMNamespace> Read(Scope scope) {
   facts.system = smbios.system;
   facts.smbios = std::move(smbios.structures);
   facts.operatingSystem = UnderstandReading(host::ReadOperatingSystem());
+  if (scope == Scope::kAll) {
+    facts.host = ReadHostFacts(facts.smbios.OfType(kProcessorInformation).empty()
+                                   ? ProcessorSource::kHost
+                                   : ProcessorSource::kFirmware);
+  }
   return BuildNamespace(facts, scope);
 }
 

@@ -19,7 +19,13 @@ const PropertyRow kOperatingSystemProperties[] = {{"CSCreationClassName", kStrin
                                                   {"CreationClassName", kString, kKey},
                                                   {"Name", kString, kKey},
                                                   {"OSType", kUint16},
-                                                  {"Version", kString}};
+                                                  {"Version", kString},
+                                                  {"TotalVisibleMemorySize", kUint64},
+                                                  {"TotalVirtualMemorySize", kUint64},
+                                                  {"SizeStoredInPagingFiles", kUint64},
+                                                  {"MaxProcessMemorySize", kUint64},
+                                                  {"MaxNumberOfProcesses", kUint32},
+                                                  {"LastBootUpTime", kDateTime}};
 
 const PropertyRow kLogicalDeviceProperties[] = {{"SystemCreationClassName", kString, kKey},
                                                 {"SystemName", kString, kKey},
