@@ -82,7 +82,9 @@ std::set<Row> PropertiesOf(const shared_ptr<ICIMInstance>& instance) {
 
 const int kUint16 = 4;
 const int kUint32 = 6;
+const int kUint64 = 8;
 const int kString = 13;
+const int kDateTime = 14;
 
 TEST(MachineSchema, DescribesTheComputerSystem) {
   const shared_ptr<ICIMNamespace> ns = BuildNamespace(AllFacts());
@@ -102,7 +104,13 @@ TEST(MachineSchema, DescribesTheOperatingSystem) {
                            {"CreationClassName", kString, "ZRVSG_OperatingSystem"},
                            {"Name", kString, "Some OS"},
                            {"Version", kString, "12"},
-                           {"OSType", kUint16, "36"}}),
+                           {"OSType", kUint16, "36"},
+                           {"TotalVisibleMemorySize", kUint64, "NULL"},
+                           {"TotalVirtualMemorySize", kUint64, "NULL"},
+                           {"SizeStoredInPagingFiles", kUint64, "NULL"},
+                           {"MaxProcessMemorySize", kUint64, "NULL"},
+                           {"MaxNumberOfProcesses", kUint32, "NULL"},
+                           {"LastBootUpTime", kDateTime, "NULL"}}),
             PropertiesOf(OnlyInstance(ns, "ZRVSG_OperatingSystem")));
 }
 
@@ -130,7 +138,13 @@ TEST(MachineSchema, GivesTypedNullsForFactsThatAreAbsent) {
                            {"CreationClassName", kString, "ZRVSG_OperatingSystem"},
                            {"Name", kString, "NULL"},
                            {"Version", kString, "NULL"},
-                           {"OSType", kUint16, "NULL"}}),
+                           {"OSType", kUint16, "NULL"},
+                           {"TotalVisibleMemorySize", kUint64, "NULL"},
+                           {"TotalVirtualMemorySize", kUint64, "NULL"},
+                           {"SizeStoredInPagingFiles", kUint64, "NULL"},
+                           {"MaxProcessMemorySize", kUint64, "NULL"},
+                           {"MaxNumberOfProcesses", kUint32, "NULL"},
+                           {"LastBootUpTime", kDateTime, "NULL"}}),
             PropertiesOf(OnlyInstance(ns, "ZRVSG_OperatingSystem")));
 }
 

@@ -39,6 +39,10 @@ extern const ClassRow kMemory;
 
 // CIM_Processor; its properties stand in Processor.cpp
 extern const ClassRow kProcessor;
+// CIM_ProcessorCapabilities: InstanceID*, NumberOfProcessorCores, NumberOfHardwareThreads
+extern const ClassRow kProcessorCapabilities;
+// CIM_ElementCapabilities: ManagedElement CIM_ManagedElement, Capabilities CIM_Capabilities
+extern const AssociationRow kElementCapabilities;
 
 // CIM_EnabledLogicalElement.EnabledState
 const std::uint16_t kEnabled = 2;

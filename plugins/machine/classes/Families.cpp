@@ -22,6 +22,11 @@ const Family kFamilies[] = {
     {AddPower, Scope::kAll},
     {AddIpmi, Scope::kAll},
     {AddFirmwareStrings, Scope::kAll},
+    {AddRunningSystem, Scope::kAll},
+    {AddHostProcessors, Scope::kAll},
+    {AddDrives, Scope::kAll},
+    {AddNetworkPorts, Scope::kAll},
+    {AddFileSystems, Scope::kAll},  // behind the drives that they lie on
 };
 
 }  // namespace

@@ -23,6 +23,7 @@ const char kPhysicalRole[] = "smbios";      // by SMBIOS handle: a CIM_PhysicalE
 const char kSocketRole[] = "socket";        // by SMBIOS handle: the same CIM_Processor
 const char kProcessorRole[] = "processor";  // by number from 0: CIM_Processor
 const char kMainChassisRole[] = "chassis";  // number 0: the first CIM_Chassis
+const char kExtentRole[] = "extent";        // by place in HostFacts::disks: CIM_StorageExtent
 
 void AddComputerSystem(NamespaceBuilder& builder, const MachineFacts& facts);
 void AddOperatingSystem(NamespaceBuilder& builder, const MachineFacts& facts);
@@ -36,6 +37,11 @@ void AddConnectors(NamespaceBuilder& builder, const MachineFacts& facts);
 void AddPower(NamespaceBuilder& builder, const MachineFacts& facts);
 void AddIpmi(NamespaceBuilder& builder, const MachineFacts& facts);
 void AddFirmwareStrings(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddRunningSystem(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddHostProcessors(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddDrives(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddNetworkPorts(NamespaceBuilder& builder, const MachineFacts& facts);
+void AddFileSystems(NamespaceBuilder& builder, const MachineFacts& facts);
 
 }  // namespace machine
 

@@ -35,12 +35,6 @@ const ClassRow kCapabilities("CIM_Capabilities", &kManagedElement, kCapabilities
                              kAbstract);
 const PropertyRow kProcessorCapabilitiesProperties[] = {{"NumberOfProcessorCores", kUint16},
                                                         {"NumberOfHardwareThreads", kUint16}};
-const ClassRow kProcessorCapabilities("CIM_ProcessorCapabilities", &kCapabilities,
-                                      kProcessorCapabilitiesProperties);
-const AssociationRow kElementCapabilities("CIM_ElementCapabilities",
-                                          {"ManagedElement", &kManagedElement},
-                                          {"Capabilities", &kCapabilities});
-
 // Processor Type (7.5.1).
 const char* const kRoles[] = {
     nullptr,          "Other",         nullptr,          "Central Processor",
@@ -157,6 +151,12 @@ bool IsPopulated(const SmbiosStructure& processor) {
 }
 
 }  // namespace
+
+const ClassRow kProcessorCapabilities("CIM_ProcessorCapabilities", &kCapabilities,
+                                      kProcessorCapabilitiesProperties);
+const AssociationRow kElementCapabilities("CIM_ElementCapabilities",
+                                          {"ManagedElement", &kManagedElement},
+                                          {"Capabilities", &kCapabilities});
 
 const ClassRow kProcessor("CIM_Processor", &kLogicalDevice, kProcessorProperties);
 
