@@ -1,5 +1,6 @@
 #include <qda/CommandTable.h>
 
+#include <qda/BmcCommand.h>
 #include <qda/ClassCommand.h>
 #include <qda/ClassesCommand.h>
 #include <qda/GetCommand.h>
@@ -27,6 +28,7 @@ std::vector<const Command*> AllCommands() {
       &kPutCommand,
       &kFetchCommand,
       &kHostCommand,
+      &kBmcCommand,
   };
 }
 

@@ -9,6 +9,7 @@
 #include <qdacore/frame/TQDAStatusCode.h>
 #include <qdacore/frame/internal/StandardError.h>
 #include <qdacore/identity/TCIMSchemaHelper.h>
+#include <qdacore/ipmi/IIPMILan.h>
 #include <qdacore/logging/internal/CoreLog.h>
 #include <qdacore/os/TOSSpecific.h>
 #include <qdacore/plugin/TNamespaceProviderManager.h>
@@ -17,6 +18,7 @@ namespace NZRVQDA20 {
 
 // Null from the start, and never released by the library: the host owns the logger's end.
 ILogger* fgCoreLogger = nullptr;
+IIPMILan* IIPMILan::fgipmilanInstance = nullptr;
 
 const std::string TCIMSchemaHelper::kSystemCreationClassName = "ZRVSG_ComputerSystem";
 const std::string TCIMSchemaHelper::kPluginNSPName = "plugin";

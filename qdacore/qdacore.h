@@ -36,6 +36,8 @@
 #include <qdacore/frame/TQDAStatusCode.h>
 #include <qdacore/frame/TRootObject.h>
 #include <qdacore/identity/TCIMSchemaHelper.h>
+#include <qdacore/ipmi/IIPMILan.h>
+#include <qdacore/ipmi/TCommUtil.h>
 #include <qdacore/logging/ILogger.h>
 #include <qdacore/logging/TLogger.h>
 #include <qdacore/os/TOSSpecific.h>

@@ -28,7 +28,7 @@ need_packages() {
 # Of some packages only the program is wanted, which the tests start themselves: that the package
 # starts its own service, now or when the machine starts, is the last thing that anyone expects.
 # What was installed before is left as it is.
-PACKAGES_WITH_SERVICES="vsftpd"
+PACKAGES_WITH_SERVICES="vsftpd openipmi"
 
 keep_services_off() {
   new_services=
@@ -70,4 +70,4 @@ BUILD_PACKAGES="g++ cmake ninja-build libboost-dev libcli11-dev libfmt-dev nlohm
 # To build and test everything on both platforms.
 TEST_PACKAGES="$BUILD_PACKAGES ccache clang clang-format libclang-rt-14-dev \
   g++-mingw-w64-x86-64-posix wine64 googletest libbenchmark-dev pkgconf python3 dmidecode git \
-  util-linux iproute2 python3-pyftpdlib vsftpd libcurl4 curl"
+  util-linux iproute2 python3-pyftpdlib vsftpd libcurl4 curl openipmi"

@@ -7,7 +7,7 @@ _qda() {
   local command= word words=
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case $word in
-      identify | smbios | classes | class | instances | get | providers | put | fetch | host) command=$word && break ;;
+      identify | smbios | classes | class | instances | get | providers | put | fetch | host | bmc) command=$word && break ;;
     esac
   done
   case $previous in
@@ -27,6 +27,7 @@ _qda() {
           ;;
         smbios) words="--smbios-dump --output --log --log-level --help" ;;
         providers) words="--output --log --log-level --help" ;;
+        bmc) words="--user --password-file --output --log --log-level --help" ;;
         put)
           words="--as --user --password-file --output --log --log-level --help"
           if [[ $current != -* ]]; then
@@ -36,7 +37,7 @@ _qda() {
           fi
           ;;
         fetch | host) words="--output --log --log-level --help" ;;
-        *) words="identify smbios classes class instances get providers put fetch host --help --version" ;;
+        *) words="identify smbios classes class instances get providers put fetch host bmc --help --version" ;;
       esac
       ;;
   esac

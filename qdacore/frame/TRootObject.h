@@ -17,6 +17,7 @@
 
 namespace NZRVQDA20 {
 
+class IIPMILan;
 class ILogger;
 class INamespaceProviderManager;
 
@@ -28,6 +29,10 @@ class QDACORE_EXPORT TRootObject {
   // The core logger, or null before TLogger::Initialize: it is not made here.
   // Not owned by the caller; a later Initialize replaces it.
   static ILogger* GetCoreLogger();
+
+  // The IPMI client, or null before IIPMILan::Initialize: it is not made here. Not owned by the
+  // caller.
+  static IIPMILan* GetipmiLanIns();
 
   // The registry of namespace providers, made at the first request. Shares
   // ownership with the library. The first request must come from one thread.

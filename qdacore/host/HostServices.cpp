@@ -38,5 +38,7 @@ Resolver& HostResolver() {
   return replacements.resolver ? *replacements.resolver : SystemResolver();
 }
 
+Network& HostNetwork() { return replacements.network ? *replacements.network : SystemNetwork(); }
+
 }  // namespace host
 }  // namespace NZRVQDA20

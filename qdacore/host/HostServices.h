@@ -13,6 +13,7 @@
 #include <qdacore/host/FtpClient.h>
 #include <qdacore/host/Machine.h>
 #include <qdacore/host/Modules.h>
+#include <qdacore/host/Network.h>
 #include <qdacore/host/Processes.h>
 #include <qdacore/host/Resolver.h>
 
@@ -31,6 +32,7 @@ Environment& SystemEnvironment();
 Machine& SystemMachine();
 Processes& SystemProcesses();
 Resolver& SystemResolver();
+Network& SystemNetwork();
 
 // A null pointer stands for the host's own. Not guarded against threads.
 struct Replacements {
@@ -45,6 +47,7 @@ struct Replacements {
   Processes* processes = nullptr;
   FtpClient* ftpClient = nullptr;
   Resolver* resolver = nullptr;
+  Network* network = nullptr;
 };
 extern Replacements replacements;
 

@@ -72,6 +72,8 @@ RECORDS = {
     "TCIMArrayValueImpl": ["fValue"],
     "TCIMChar16": ["fBody"],
     "TCIMValue::TCIMType": ["fType"],
+    "IIPMILan": ["fSessionID", "fIPAddress", "fUserID", "fPassword", "fLanStatus", "fSeqNum",
+                 "fSocket", "fSaServer"],
     "TLogger": ["fLogThreshold", "fLogEntries", "fLogFilename", "fLogFile"],
     "TLogEntry": ["severity", "message", "time"],
     "TNamespaceProviderManager": ["fProviders"],

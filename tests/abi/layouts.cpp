@@ -63,6 +63,7 @@ QDACORE_RECORD(TCIMReferenceValueImpl);
 QDACORE_RECORD(TCIMArrayValueImpl);
 QDACORE_RECORD(TCIMChar16);
 char sizeOfTCIMType[sizeof(TCIMValue::TCIMType)];
+QDACORE_RECORD(IIPMILan);
 QDACORE_RECORD(TLogger);
 QDACORE_RECORD(TLogEntry);
 QDACORE_RECORD(TNamespaceProviderManager);

@@ -1,0 +1,77 @@
+// qda bmc with a terminal for its standard error.
+
+#include <fcntl.h>
+#include <poll.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <tests/ipmi/SampleFrames.h>
+#include <tests/ipmi/ScriptedBmc.h>
+#include <tests/support/ScopedEnvironment.h>
+
+namespace {
+
+using namespace ipmi_test;
+
+// What stands at the terminal when qda has ended.
+std::string RunAtTerminal(const std::string& address, int* exitCode) {
+  const test_support::ScopedEnvironment password("QDA_BMC_PASSWORD", "secret");
+  const int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  if (master < 0 || grantpt(master) != 0 || unlockpt(master) != 0) {
+    ADD_FAILURE() << "no terminal to be had";
+    return "";
+  }
+  const int slave = open(ptsname(master), O_RDWR | O_NOCTTY | O_CLOEXEC);
+  const pid_t child = fork();
+  if (child == 0) {
+    const int nothing = open("/dev/null", O_RDWR);
+    dup2(nothing, 0);
+    dup2(nothing, 1);
+    dup2(slave, 2);
+    execl(QDA_FILE, QDA_FILE, "bmc", address.c_str(), "--user", "admin",
+          static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  close(slave);
+  std::string shown;
+  char buffer[512];
+  pollfd input = {master, POLLIN, 0};
+  // The terminal hangs up when its last user has gone.
+  while (poll(&input, 1, 20000) == 1) {
+    const ssize_t count = read(master, buffer, sizeof buffer);
+    if (count <= 0) {
+      break;
+    }
+    shown.append(buffer, static_cast<std::size_t>(count));
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  *exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  close(master);
+  return shown;
+}
+
+TEST(BmcTerminal, ShowsWhatIsWaitedForAndWipesIt) {
+  std::vector<BmcStep> script(4);
+  for (std::size_t step = 0; step < 4; ++step) {
+    script[step].replies = {SampleReplies()[step]};
+  }
+  ScriptedBmc bmc(script);
+  if (!bmc.IsUp()) {
+    GTEST_SKIP() << bmc.Reason();
+  }
+  int exitCode = -1;
+  const std::string line =
+      "qda: waiting for the BMC at " + bmc.Address() + ", 20 seconds at the most";
+  EXPECT_EQ(line + "\r" + std::string(line.size(), ' ') + "\r",
+            RunAtTerminal(bmc.Address(), &exitCode));
+  EXPECT_EQ(0, exitCode);
+}
+
+}  // namespace
