@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <stdexcept>
 
 #include <smbios/smbios.h>
@@ -47,7 +46,7 @@ TQDAStatusCode smBiosGetFirst(void* handle, int type, void* buffer, int* size) {
   }
   const Answer& answer = found->second;
   const std::size_t count = std::min(answer.bytes.size(), static_cast<std::size_t>(*size));
-  std::memcpy(buffer, answer.bytes.data(), count);
+  std::copy_n(answer.bytes.begin(), count, static_cast<unsigned char*>(buffer));
   *size = answer.size == scripted_smbios::kWhole ? static_cast<int>(count) : answer.size;
   return Status(answer.status);
 }
