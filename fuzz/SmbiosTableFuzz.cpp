@@ -22,8 +22,10 @@ void Require(bool holds, const char* promise) {
 
 void ReadFields(const smbios::Structure& structure) {
   std::size_t total = 0;
-  for (std::size_t offset = 0; offset <= 256; ++offset) {
-    for (std::size_t width = 1; width <= 8; ++width) {
+  // A little beyond the formatted area on either side of where a field still fits.
+  const std::size_t end = structure.FormattedLength() + 2;
+  for (std::size_t offset = 0; offset <= end; ++offset) {
+    for (const std::size_t width : {1, 2, 4, 8}) {
       std::uint64_t value = 0;
       const bool there =
           smbios::NumberField(structure.bytes, structure.size, offset, width, &value);
@@ -53,17 +55,18 @@ void LookAt(const smbios::SmbiosTable& table) {
     Require(structure.Type() != 127 || i + 1 == table.Count(), "type 127 is the last");
     expected += structure.size;
 
-    // The first of a type is enough here: a search per structure would take the square
-    // of their number.
     const std::size_t nth = seen[structure.Type()]++;
     smbios::Structure found;
-    if (nth < 2) {
-      Require(table.Find(structure.Type(), nth, &found) && found.bytes == structure.bytes,
-              "a search finds what the walk has found");
-    }
+    Require(table.Find(structure.Type(), nth, &found) && found.bytes == structure.bytes,
+            "a search finds what the walk has found");
     if (i < 64) {
       ReadFields(structure);
     }
+  }
+  for (unsigned int type = 0; type < seen.size(); ++type) {
+    smbios::Structure found;
+    Require(!table.Find(static_cast<unsigned char>(type), seen[type], &found),
+            "a search finds nothing that the walk has not found");
   }
 }
 

@@ -39,7 +39,9 @@ bool IsPadding(const unsigned char* begin, const unsigned char* end) {
 
 SmbiosTable::SmbiosTable(std::vector<unsigned char> bytes, std::size_t statedNumber,
                          Version version)
-    : fBytes(std::move(bytes)), fVersion(version), fEnd(Walk(statedNumber)) {}
+    : fBytes(std::move(bytes)), fVersion(version), fEnd(Walk(statedNumber)) {
+  SortByType();
+}
 
 SmbiosTable::WalkEnd SmbiosTable::Walk(std::size_t statedNumber) {
   std::size_t most = kMostStructures;
@@ -68,18 +70,28 @@ Structure SmbiosTable::At(std::size_t index) const {
   return {fBytes.data() + span.offset, span.size};
 }
 
-bool SmbiosTable::Find(unsigned char type, std::size_t nth, Structure* found) const {
+void SmbiosTable::SortByType() {
+  fFirstOfType.fill(0);
   for (const Span& span : fSpans) {
-    if (fBytes[span.offset] != type) {
-      continue;
-    }
-    if (nth == 0) {
-      *found = {fBytes.data() + span.offset, span.size};
-      return true;
-    }
-    --nth;
+    ++fFirstOfType[fBytes[span.offset] + 1u];
   }
-  return false;
+  for (std::size_t type = 0; type < kTypes; ++type) {
+    fFirstOfType[type + 1] += fFirstOfType[type];
+  }
+  std::array<std::uint32_t, kTypes + 1> next = fFirstOfType;
+  fByType.resize(fSpans.size());
+  for (std::uint32_t index = 0; index < fSpans.size(); ++index) {
+    fByType[next[fBytes[fSpans[index].offset]]++] = index;
+  }
+}
+
+bool SmbiosTable::Find(unsigned char type, std::size_t nth, Structure* found) const {
+  const std::uint32_t first = fFirstOfType[type];
+  if (nth >= fFirstOfType[type + 1u] - first) {
+    return false;
+  }
+  *found = At(fByType[first + nth]);
+  return true;
 }
 
 }  // namespace smbios

@@ -10,12 +10,16 @@
 //   - the number of structures that the entry point states, if it does;
 //   - 65,536 structures: handles are unique and have 16 bits, so there are no more.
 //
+// The walk also notes which structures have which type, so that each is found at once.
+//
 // Immutable once built, so any number of threads may read it.
 
 #ifndef SMBIOS_SMBIOSTABLE_H
 #define SMBIOS_SMBIOSTABLE_H
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace smbios {
@@ -58,22 +62,29 @@ class SmbiosTable {
   Structure At(std::size_t index) const;
 
   // Stores structure number `nth`, from 0, among those of `type`. False when there are
-  // not so many.
+  // not so many. Takes the same time in a table of any size.
   bool Find(unsigned char type, std::size_t nth, Structure* found) const;
 
   WalkEnd End() const { return fEnd; }
   Version StatedVersion() const { return fVersion; }
 
  private:
+  static constexpr std::size_t kTypes = 256;
+
   struct Span {
     std::size_t offset;
     std::size_t size;
   };
 
   WalkEnd Walk(std::size_t statedNumber);
+  void SortByType();
 
   std::vector<unsigned char> fBytes;
   std::vector<Span> fSpans;
+  // Indexes into fSpans, by type, in table order within a type.
+  std::vector<std::uint32_t> fByType;
+  // Where each type begins in fByType; the last entry is its end.
+  std::array<std::uint32_t, kTypes + 1> fFirstOfType;
   Version fVersion;
   WalkEnd fEnd;
 };
