@@ -17,6 +17,7 @@ namespace machine {
 using boost::shared_ptr;
 using NZRVQDA20::ICIMClass;
 using NZRVQDA20::ICIMInstance;
+using NZRVQDA20::ICIMNamespace;
 using NZRVQDA20::ICIMPropertyDecl;
 using NZRVQDA20::ILogger;
 using NZRVQDA20::TCIMReference;
@@ -49,11 +50,8 @@ bool AddTo(ICIMClass& cls, const shared_ptr<ICIMInstance>& instance) {
 
 }  // namespace
 
-NewObject::NewObject(NamespaceBuilder* builder, const shared_ptr<ICIMClass>& cls)
-    : fBuilder(builder),
-      fClass(cls),
-      fInstance(cls->CreateInstance(Context())),
-      fReference(builder->fNamespace) {
+NewObject::NewObject(const shared_ptr<ICIMNamespace>& ns, const shared_ptr<ICIMClass>& cls)
+    : fClass(cls), fInstance(cls->CreateInstance(Context())), fReference(ns) {
   fReference.SetClass(cls);
 }
 
@@ -142,7 +140,9 @@ const shared_ptr<ICIMClass>& NamespaceBuilder::DeclareNew(const AssociationRow& 
   return fClasses[&row] = cls;
 }
 
-NewObject NamespaceBuilder::Create(const ClassRow& row) { return NewObject(this, Declare(row)); }
+NewObject NamespaceBuilder::Create(const ClassRow& row) {
+  return NewObject(fNamespace, Declare(row));
+}
 
 void NamespaceBuilder::Associate(const AssociationRow& row, const Object& first,
                                  const Object& second, const Properties& more) {

@@ -57,8 +57,6 @@ class Object {
   NZRVQDA20::TCIMValue fReference;
 };
 
-class NamespaceBuilder;
-
 // An object before it is published. What is not set stays the typed null that it is declared as.
 class NewObject {
  public:
@@ -107,12 +105,12 @@ class NewObject {
 
  private:
   friend class NamespaceBuilder;
-  NewObject(NamespaceBuilder* builder, const boost::shared_ptr<NZRVQDA20::ICIMClass>& cls);
+  NewObject(const boost::shared_ptr<NZRVQDA20::ICIMNamespace>& ns,
+            const boost::shared_ptr<NZRVQDA20::ICIMClass>& cls);
 
   NewObject& KeyValue(const char* name, const NZRVQDA20::TCIMValue& value);
   NewObject& NoKey();
 
-  NamespaceBuilder* fBuilder;
   boost::shared_ptr<NZRVQDA20::ICIMClass> fClass;
   boost::shared_ptr<NZRVQDA20::ICIMInstance> fInstance;
   NZRVQDA20::TCIMReference fReference;
@@ -149,8 +147,6 @@ class NamespaceBuilder {
   const boost::shared_ptr<NZRVQDA20::ICIMNamespace>& Namespace() const { return fNamespace; }
 
  private:
-  friend class NewObject;
-
   typedef std::unordered_map<const void*, boost::shared_ptr<NZRVQDA20::ICIMClass> > Classes;
 
   const boost::shared_ptr<NZRVQDA20::ICIMClass>& DeclareNew(const ClassRow& row);
