@@ -36,7 +36,7 @@ std::optional<std::string> ReadBlockDevicePath(std::uint32_t majorNumber,
 struct VolumeReading {
   std::string root;  // "C:\"
   std::optional<std::string> fileSystem;
-  std::uint32_t flags = 0;  // FILE_..., as GetVolumeInformationW has them
+  std::uint32_t flags = 0;  // FILE_..., as GetVolumeInformation has them
   std::uint32_t mostNameUnits = 0;
   std::optional<std::uint64_t> clusterBytes;
   std::optional<std::uint64_t> bytes;

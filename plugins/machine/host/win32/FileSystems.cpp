@@ -67,7 +67,11 @@ std::optional<VolumeReading> ReadVolume(wchar_t letter) {
   wchar_t name[MAX_PATH + 1] = {};
   DWORD mostName = 0;
   DWORD flags = 0;
-  if (!GetVolumeInformationW(root, nullptr, 0, nullptr, &mostName, &flags, name, MAX_PATH + 1)) {
+  // By its root folder: asked by its name, Wine opens the device and complains on standard error.
+  const Handle folder(CreateFileW(root, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                  nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  if (!folder.IsOpen() || !GetVolumeInformationByHandleW(folder.Get(), nullptr, 0, nullptr,
+                                                         &mostName, &flags, name, MAX_PATH + 1)) {
     return std::nullopt;
   }
   reading.fileSystem = FromWide(name);
