@@ -44,9 +44,9 @@ boost::shared_ptr<ICIMQualifier> TMemoryClass::AddQualifier(
   RequireOpen();
   const TQualifierList::TNode* node = fQualifiers.Add(*this, declaration, value);
   if (node->decl->Meaning() == TMemoryQualifierDecl::kAssociation) {
-    fIsAssociation = IsTrue(node->value);
+    fIsAssociation = IsTrue(node->Value());
   } else if (node->decl->Meaning() == TMemoryQualifierDecl::kAbstract) {
-    fIsAbstract = IsTrue(node->value);
+    fIsAbstract = IsTrue(node->Value());
   }
   return TQualifierList::Share(*this, node);
 }

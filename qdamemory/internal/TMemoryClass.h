@@ -108,6 +108,8 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
 
   // The declaration that the class has or inherits; null when there is none.
   const TMemoryPropertyDecl* FindProperty(const std::string& name, std::uint32_t hash) const;
+  // The same, by name alone.
+  const TMemoryPropertyDecl* LookUpProperty(const std::string& name) const;
   // The same; throws kQDAStatusNotFound.
   const TMemoryPropertyDecl* RequireProperty(const std::string& name) const;
 

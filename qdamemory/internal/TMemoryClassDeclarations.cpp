@@ -5,6 +5,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <qdacore/frame/TQDAException.h>
 #include <qdamemory/internal/StoredValue.h>
 #include <qdamemory/internal/TKeyIndex.h>
 #include <qdamemory/internal/TMemoryClass.h>
@@ -47,7 +48,13 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::AddPropertyDecl(const std::str
 
 boost::shared_ptr<const ICIMPropertyDecl> TMemoryClass::GetPropertyDecl(const std::string& name,
                                                                         TContext) const {
-  return RequireProperty(name)->Share();
+  const TMemoryPropertyDecl* decl = LookUpProperty(name);
+  if (decl == 0) {
+    // From this very frame: a copier asks for each new name, and every frame that an exception
+    // crosses costs more than the question.
+    throw TQDAException(TQDAStatusCode::kQDAStatusNotFound);
+  }
+  return decl->Share();
 }
 
 void TMemoryClass::EnumeratePropertyDecls(
@@ -75,17 +82,22 @@ const TMemoryPropertyDecl* TMemoryClass::FindProperty(const std::string& name,
   return 0;
 }
 
-const TMemoryPropertyDecl* TMemoryClass::RequireProperty(const std::string& name) const {
+const TMemoryPropertyDecl* TMemoryClass::LookUpProperty(const std::string& name) const {
   const TMemoryPropertyDecl* decl = fLastFound.load(std::memory_order_relaxed);
   if (decl != 0 && IsSameText(decl->Name(), name)) {
     return decl;
   }
   decl = FindProperty(name, HashCIMName(name));
+  if (decl != 0 && fIsCommitted) {
+    fLastFound.store(decl, std::memory_order_relaxed);
+  }
+  return decl;
+}
+
+const TMemoryPropertyDecl* TMemoryClass::RequireProperty(const std::string& name) const {
+  const TMemoryPropertyDecl* decl = LookUpProperty(name);
   if (decl == 0) {
     Fail(TQDAStatusCode::kQDAStatusNotFound);
-  }
-  if (fIsCommitted) {
-    fLastFound.store(decl, std::memory_order_relaxed);
   }
   return decl;
 }

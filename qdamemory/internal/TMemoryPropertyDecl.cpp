@@ -33,7 +33,7 @@ boost::shared_ptr<ICIMQualifier> TMemoryPropertyDecl::AddQualifier(
   }
   const TQualifierList::TNode* node = fQualifiers.Add(fClass, declaration, value);
   if (node->decl->Meaning() == TMemoryQualifierDecl::kKey) {
-    fIsKey = IsTrue(node->value);
+    fIsKey = IsTrue(node->Value());
   }
   return TQualifierList::Share(fClass, node);
 }

@@ -17,6 +17,6 @@ boost::shared_ptr<const ICIMQualifierDecl> TMemoryQualifier::GetQualifierDecl(TC
   return boost::shared_ptr<const ICIMQualifierDecl>(fClass->DeclPool(), fNode->decl);
 }
 
-const TCIMValue& TMemoryQualifier::GetValue(TContext) const { return fNode->value; }
+const TCIMValue& TMemoryQualifier::GetValue(TContext) const { return fNode->Value(); }
 
 }  // namespace NZRVQDA20

@@ -1,14 +1,12 @@
 #include <qdamemory/internal/TQualifierList.h>
 
 #include <cstddef>
-#include <memory>
 
 #include <boost/make_shared.hpp>
 
 #include <qdamemory/internal/CIMName.h>
 #include <qdamemory/internal/Fail.h>
 #include <qdamemory/internal/KeyText.h>
-#include <qdamemory/internal/StoredValue.h>
 #include <qdamemory/internal/TMemoryClass.h>
 #include <qdamemory/internal/TMemoryQualifier.h>
 #include <qdamemory/internal/TMemoryQualifierDecl.h>
@@ -40,15 +38,11 @@ const TQualifierList::TNode* TQualifierList::Add(
   }
   if (fParent != 0 && decl->IsFixedBelow()) {
     const TNode* inherited = fParent->Find(decl->Name());
-    if (inherited != 0 && !SameKeyText(inherited->value, value)) {
+    if (inherited != 0 && !SameKeyText(inherited->Value(), value)) {
       Fail(TQDAStatusCode::kQDAStatusNotOverridable);
     }
   }
-  std::unique_ptr<TNode> node(new TNode());
-  node->next = 0;
-  node->decl = decl;
-  StoreValue(node->value, value);
-  *end = node.release();
+  *end = new TNode(decl, value);
   return *end;
 }
 
@@ -83,7 +77,7 @@ void TQualifierList::Enumerate(
 
 void TQualifierList::Release() {
   for (TNode* node = fFirst; node != 0; node = node->next) {
-    ReleaseReferences(node->value);
+    node->shared.Release();
   }
 }
 

@@ -10,6 +10,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <qdacore/cim/value/TCIMValue.h>
+#include <qdamemory/internal/TSharedValue.h>
 
 namespace NZRVQDA20 {
 
@@ -21,9 +22,14 @@ class TMemoryQualifierDecl;
 class TQualifierList {
  public:
   struct TNode {
+    TNode(const TMemoryQualifierDecl* declaration, const TCIMValue& qualifierValue)
+        : next(0), decl(declaration), shared(qualifierValue) {}
+
+    const TCIMValue& Value() const { return shared.Get(); }
+
     TNode* next;
     const TMemoryQualifierDecl* decl;
-    TCIMValue value;
+    TSharedValue shared;
   };
 
   // `parent`: the list of the superclass or of the element that is overridden, or null. It must

@@ -22,6 +22,9 @@ class QDACORE_EXPORT TCIMStringValueImpl : public TCIMValueImpl {
   virtual bool operator==(const TCIMValue& other) const;
   virtual bool operator<(const TCIMValue& other) const;
 
+  // The text itself, without a copy. Valid as long as the body.
+  const std::string& GetText() const { return fValue; }
+
  private:
   // The body of a value of this same type, or null.
   static const TCIMStringValueImpl* Peer(const TCIMValue& other);
