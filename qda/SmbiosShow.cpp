@@ -45,7 +45,7 @@ std::string NameOf(const SmbiosNames& names, std::uint64_t number) {
   return fmt::format("0x{:02X}", number);
 }
 
-std::string SizeText(std::uint64_t bytes) {
+std::string ExactSizeText(std::uint64_t bytes) {
   const char* const units[] = {"bytes", "KiB", "MiB", "GiB", "TiB", "PiB", "EiB"};
   std::size_t unit = 0;
   while (bytes != 0 && bytes % 1024 == 0 && unit < 6) {

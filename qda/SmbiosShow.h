@@ -50,7 +50,7 @@ struct SmbiosFieldRow {
 std::string NameOf(const SmbiosNames& names, std::uint64_t number);
 
 // A binary size in the largest unit that tells it in whole: "16 GiB", "1536 KiB".
-std::string SizeText(std::uint64_t bytes);
+std::string ExactSizeText(std::uint64_t bytes);
 
 namespace show {
 

@@ -40,13 +40,13 @@ std::optional<std::string> BiosRomSize(const SmbiosView& view, const SmbiosField
   const std::uint64_t number = Number(view, row);
   std::uint64_t extended = 0;
   if (number != 0xFF || !view.Number(0x18, 2, &extended)) {
-    return SizeText((number + 1) * 65536);
+    return ExactSizeText((number + 1) * 65536);
   }
   switch (extended >> 14) {
     case 0:
-      return SizeText((extended & 0x3FFF) << 20);
+      return ExactSizeText((extended & 0x3FFF) << 20);
     case 1:
-      return SizeText((extended & 0x3FFF) << 30);
+      return ExactSizeText((extended & 0x3FFF) << 30);
     default:
       return std::nullopt;
   }
@@ -159,21 +159,21 @@ std::optional<std::string> CacheSize(const SmbiosView& view, const SmbiosFieldRo
   const std::uint64_t size = Number(view, row);
   std::uint64_t extended = 0;
   if (size == 0xFFFF && view.Number(row.names.first, 4, &extended)) {
-    return SizeText(GranularSize(extended, 0x80000000));
+    return ExactSizeText(GranularSize(extended, 0x80000000));
   }
-  return SizeText(GranularSize(size, 0x8000));
+  return ExactSizeText(GranularSize(size, 0x8000));
 }
 
 // 7.17: KiB; 80000000h: the quad word at 0Fh has it in bytes.
 std::optional<std::string> ArrayCapacity(const SmbiosView& view, const SmbiosFieldRow& row) {
   std::uint64_t capacity = Number(view, row);
   if (capacity != 0x80000000) {
-    return SizeText(capacity * 1024);
+    return ExactSizeText(capacity * 1024);
   }
   if (!view.Number(0x0F, 8, &capacity)) {
     return std::nullopt;
   }
-  return SizeText(capacity);
+  return ExactSizeText(capacity);
 }
 
 // 7.18: MiB, or KiB by the highest bit; 7FFFh: the double word at 1Ch has it in MiB.
@@ -187,9 +187,9 @@ std::optional<std::string> MemorySize(const SmbiosView& view, const SmbiosFieldR
     return std::nullopt;
   }
   if (size == 0x7FFF && view.Number(0x1C, 4, &extended)) {
-    return SizeText((extended & 0x7FFFFFFF) << 20);
+    return ExactSizeText((extended & 0x7FFFFFFF) << 20);
   }
-  return SizeText((size & 0x7FFF) << ((size & 0x8000) != 0 ? 10 : 20));
+  return ExactSizeText((size & 0x7FFF) << ((size & 0x8000) != 0 ? 10 : 20));
 }
 
 std::optional<std::string> MemorySpeed(const SmbiosView& view, const SmbiosFieldRow& row) {
