@@ -20,7 +20,7 @@ const char kWipe[] = "\r\x1B[K";
 
 }  // namespace
 
-std::string SizeText(std::uintmax_t bytes) {
+std::string RoundedSizeText(std::uintmax_t bytes) {
   const char* const units[] = {"KiB", "MiB", "GiB", "TiB"};
   if (bytes < 1024) {
     return fmt::format("{} bytes", bytes);
@@ -60,7 +60,7 @@ void Progress::Show() {
     const std::uintmax_t size =
         fGrowingFile.empty() ? 0 : std::filesystem::file_size(fGrowingFile, error);
     const std::string sizeText =
-        fGrowingFile.empty() || error ? std::string() : ": " + SizeText(size);
+        fGrowingFile.empty() || error ? std::string() : ": " + RoundedSizeText(size);
     const auto seconds =
         std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - begin);
     fmt::print(stderr, "{}{}{}, {} s", kWipe, fDoing, sizeText, seconds.count());

@@ -13,7 +13,7 @@
 namespace qda {
 
 // "12.3 MiB" and the like.
-std::string SizeText(std::uintmax_t bytes);
+std::string RoundedSizeText(std::uintmax_t bytes);
 
 class Progress {
  public:

@@ -120,8 +120,8 @@ int RunPut(TransferOptions options, Format format) {
   RunLog::TakeKept(ILogger::kLogError);
   bool isDone = false;
   {
-    const Progress progress(
-        fmt::format("sending {} ({}) to {}", options.localFile, SizeText(size), options.server));
+    const Progress progress(fmt::format("sending {} ({}) to {}", options.localFile,
+                                        RoundedSizeText(size), options.server));
     isDone = TOSSpecific::FTPFile(target, options.localFile, options.remoteFile);
   }
   const std::string log = RunLog::TakeKept(ILogger::kLogError);

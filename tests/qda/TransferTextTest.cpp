@@ -89,12 +89,12 @@ TEST(TransferFailures, HaveAWordEach) {
   EXPECT_TRUE(IsAstray("TOSSpecific Error: Couldn't do SetCurrentDirectory."));
 }
 
-TEST(SizeText, HasOneDigitBehindThePoint) {
-  EXPECT_EQ("0 bytes", SizeText(0));
-  EXPECT_EQ("1023 bytes", SizeText(1023));
-  EXPECT_EQ("1.0 KiB", SizeText(1024));
-  EXPECT_EQ("1.5 MiB", SizeText(1536 * 1024));
-  EXPECT_EQ("2048.0 TiB", SizeText(std::uintmax_t(1) << 51));
+TEST(RoundedSizeText, HasOneDigitBehindThePoint) {
+  EXPECT_EQ("0 bytes", RoundedSizeText(0));
+  EXPECT_EQ("1023 bytes", RoundedSizeText(1023));
+  EXPECT_EQ("1.0 KiB", RoundedSizeText(1024));
+  EXPECT_EQ("1.5 MiB", RoundedSizeText(1536 * 1024));
+  EXPECT_EQ("2048.0 TiB", RoundedSizeText(std::uintmax_t(1) << 51));
 }
 
 }  // namespace
