@@ -117,10 +117,13 @@ Literal Word(const std::string& text) {
   return token.literal;
 }
 
+// What stands in quotes although it is a real number's value (see ValueText.h).
+bool IsOddReal(const std::string& text) { return text == "NaN" || text == "INF" || text == "-INF"; }
+
 TCIMValue KeyValue(const Binding& binding, Type::ECIMType type,
                    const boost::shared_ptr<ICIMNamespace>& ns) {
   if (binding.isQuoted && (type == Type::kCIMTypeString || type == Type::kCIMTypeDateTime ||
-                           type == Type::kCIMTypeReference)) {
+                           type == Type::kCIMTypeReference || IsOddReal(binding.text))) {
     Literal literal;
     literal.kind = Literal::kString;
     literal.text = binding.text;

@@ -133,6 +133,15 @@ TEST(MofWrite, KeysWithoutValuesAndLabelsSurvive) {
   ExpectRoundTrip(ns);
 }
 
+TEST(MofWrite, RealKeysThatAreNoNumbersSurvive) {
+  const Namespace ns = ReadNew(std::string(kQualifiers) +
+                               "class A { [Key] real64 K; [Key] real32 L; A REF To; };"
+                               "instance of A { To = \"A.K=\\\"-INF\\\",L=\\\"NaN\\\"\"; };"
+                               "instance of A { To = \"A.K=\\\"INF\\\",L=1.5\"; };");
+  EXPECT_NE(std::string::npos, Written(ns).find("To = \"A.K=\\\"-INF\\\",L=\\\"NaN\\\"\";"));
+  ExpectRoundTrip(ns);
+}
+
 TEST(MofWrite, StaticValuesOfEveryKindSurvive) {
   const Namespace ns =
       ReadNew(std::string(kQualifiers) + "class A { [Key] string K; A REF To; uint8 L[]; };");
