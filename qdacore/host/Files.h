@@ -53,6 +53,10 @@ class Files {
   // kNoFile at the end. A search at its end holds memory only until it is closed.
   virtual Outcome FindNext(Search search, FoundEntry& entry) = 0;
 
+  // About how many entries a big directory has, to set memory aside for: a guess, at most a
+  // million. 0 for one that is not big, and where the host cannot tell.
+  virtual std::size_t ExpectedEntries(Search search) = 0;
+
   virtual void CloseSearch(Search search) = 0;
 
   // One level; all else must be there.

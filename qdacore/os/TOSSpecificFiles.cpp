@@ -1,7 +1,5 @@
 // Files and directories, one at a time.
 
-#include <utility>
-
 #include <qdacore/frame/internal/Throw.h>
 #include <qdacore/host/Files.h>
 #include <qdacore/os/TOSSpecific.h>
@@ -48,12 +46,14 @@ std::vector<std::string> TOSSpecific::ListDir(std::string path) {
     FileSystemError();
   }
   std::vector<std::string> names;
+  names.reserve(search.ExpectedEntries());
   host::Outcome next = host::Success();
   for (; next.Done(); next = search.Next()) {
-    std::string& name = search.Entry().name;
+    const std::string& name = search.Entry().name;
     // Not only "." and "..".
     if (name[0] != '.') {
-      names.push_back(std::move(name));
+      // Copied and not moved: a copy takes no more memory than its text, and the entry keeps its.
+      names.push_back(name);
     }
   }
   if (next.situation != host::Situation::kNoFile) {

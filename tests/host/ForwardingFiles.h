@@ -25,6 +25,9 @@ class ForwardingFiles : public host::Files {
   host::Outcome FindNext(Search search, host::FoundEntry& entry) override {
     return host::SystemFiles().FindNext(search, entry);
   }
+  std::size_t ExpectedEntries(Search search) override {
+    return host::SystemFiles().ExpectedEntries(search);
+  }
   void CloseSearch(Search search) override { host::SystemFiles().CloseSearch(search); }
   host::Outcome MakeDirectory(const std::string& path) override {
     return host::SystemFiles().MakeDirectory(path);

@@ -115,6 +115,7 @@ class FakeFiles final : public ForwardingFiles {
     entry = open.entries[open.next++];
     return host::Success();
   }
+  std::size_t ExpectedEntries(Search /*search*/) override { return 0; }
   void CloseSearch(Search search) override {
     delete static_cast<Open*>(search);
     ++closed;

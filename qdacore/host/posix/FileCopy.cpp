@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include <qdacore/host/posix/Descriptor.h>
 #include <qdacore/host/posix/Errors.h>
 #include <qdacore/host/posix/FileCopy.h>
 
@@ -18,30 +19,6 @@ const std::size_t kBufferSize = 256 * 1024;
 constexpr Outcome kInUse = {Situation::kOther, 32};
 constexpr Outcome kNoRegularFile = {Situation::kOther, 1};
 constexpr Outcome kIsDirectory = {Situation::kDenied, 5};
-
-class Descriptor {
- public:
-  explicit Descriptor(int number) : fNumber(number) {}
-  ~Descriptor() {
-    if (fNumber >= 0) {
-      close(fNumber);
-    }
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int Number() const { return fNumber; }
-  bool Open() const { return fNumber >= 0; }
-  // Some file systems report a failed write only here.
-  bool Close() {
-    const int number = fNumber;
-    fNumber = -1;
-    return close(number) == 0 || errno == EINTR;
-  }
-
- private:
-  int fNumber;
-};
 
 bool SameFile(const struct stat& one, const struct stat& other) {
   return one.st_dev == other.st_dev && one.st_ino == other.st_ino;

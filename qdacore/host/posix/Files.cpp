@@ -6,9 +6,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <memory>
 
 #include <qdacore/host/HostServices.h>
+#include <qdacore/host/posix/Descriptor.h>
 #include <qdacore/host/posix/Errors.h>
 #include <qdacore/host/posix/FileCopy.h>
 #include <qdacore/host/posix/Wildcard.h>
@@ -17,39 +19,87 @@ namespace NZRVQDA20 {
 namespace host {
 namespace {
 
-struct OpenSearch {
-  OpenSearch(DIR* opened, const std::string& wanted)
-      : directory(opened, closedir), pattern(wanted) {}
+// Reads entries as readdir does, but more in one call of the kernel.
+class OpenSearch {
+ public:
+  OpenSearch(const char* place, const std::string& wanted)
+      : pattern(wanted),
+        fDirectory(open(place, O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC)),
+        fBuffer(fDirectory.Open() ? new char[kBufferSize] : nullptr) {}
 
-  // Null behind the end, so that a search which nobody closes costs no descriptor.
-  std::unique_ptr<DIR, int (*)(DIR*)> directory;
-  std::string pattern;
+  bool Open() const { return fDirectory.Open(); }
+
+  // Null with 0 or an error number in errno at the end. That also releases all but the object, so
+  // that a search which nobody closes costs little.
+  const dirent64* Next() {
+    if (fAt == fEnd && !Fill()) {
+      return nullptr;
+    }
+    const dirent64* const entry = reinterpret_cast<const dirent64*>(&fBuffer[fAt]);
+    fAt += entry->d_reclen;
+    return entry;
+  }
+
+  // Links are followed.
+  bool IsDirectory(const dirent64& entry) const {
+    const bool isTold = entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK;
+    return isTold ? entry.d_type == DT_DIR : IsOfType(entry, S_IFDIR, 0);
+  }
+
+  bool IsLink(const dirent64& entry) const {
+    return entry.d_type == DT_LNK ||
+           (entry.d_type == DT_UNKNOWN && IsOfType(entry, S_IFLNK, AT_SYMLINK_NOFOLLOW));
+  }
+
+  std::size_t ExpectedEntries() const {
+    // What an entry takes in memory, and about the least that one with a name of some length
+    // takes on a disk. A network's or a user's file system may say anything.
+    const off_t entrySize = 20;
+    const off_t most = 1 << 20;
+    struct stat facts;
+    const bool isTold =
+        fstat(fDirectory.Number(), &facts) == 0 && facts.st_size > off_t(kBufferSize);
+    return isTold ? static_cast<std::size_t>(std::min(facts.st_size / entrySize, most)) : 0;
+  }
+
+  const std::string pattern;
+
+ private:
+  static const std::size_t kBufferSize = 64 * 1024;
+
+  bool Fill() {
+    errno = 0;
+    const ssize_t got = fBuffer ? getdents64(fDirectory.Number(), fBuffer.get(), kBufferSize) : 0;
+    if (got > 0) {
+      fAt = 0;
+      fEnd = static_cast<std::size_t>(got);
+      return true;
+    }
+    // A directory that is removed meanwhile is at its end.
+    const int error = errno == ENOENT ? 0 : errno;
+    fDirectory.Close();
+    fBuffer.reset();
+    errno = error;
+    return false;
+  }
+
+  bool IsOfType(const dirent64& entry, mode_t type, int flags) const {
+    struct stat facts;
+    return fstatat(fDirectory.Number(), entry.d_name, &facts, flags) == 0 &&
+           (facts.st_mode & S_IFMT) == type;
+  }
+
+  Descriptor fDirectory;
+  std::unique_ptr<char[]> fBuffer;
+  std::size_t fAt = 0;
+  std::size_t fEnd = 0;
 };
-
-bool IsDirectory(DIR* directory, const dirent& entry) {
-  if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) {
-    return entry.d_type == DT_DIR;
-  }
-  struct stat facts;
-  return fstatat(dirfd(directory), entry.d_name, &facts, 0) == 0 && S_ISDIR(facts.st_mode);
-}
-
-bool IsLinkEntry(DIR* directory, const dirent& entry) {
-  if (entry.d_type != DT_UNKNOWN) {
-    return entry.d_type == DT_LNK;
-  }
-  struct stat facts;
-  return fstatat(dirfd(directory), entry.d_name, &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
-         S_ISLNK(facts.st_mode);
-}
 
 // `place` names the directory itself, with a slash at its end or as ".".
 Outcome OpenSearchAt(const std::string& place, const std::string& pattern, Files& files,
                      Files::Search& search, FoundEntry& entry) {
-  std::unique_ptr<OpenSearch> open(new OpenSearch(nullptr, pattern));
-  // Descriptors that opendir makes are not inherited.
-  open->directory.reset(opendir(place.c_str()));
-  if (!open->directory) {
+  std::unique_ptr<OpenSearch> open(new OpenSearch(place.c_str(), pattern));
+  if (!open->Open()) {
     // A directory that is missing is a path that is not found, not a file.
     return errno == ENOENT ? Outcome{Situation::kNoPath, 3} : OutcomeOfErrno(errno);
   }
@@ -79,26 +129,20 @@ class PosixFiles final : public Files {
 
   Outcome FindNext(Search search, FoundEntry& entry) override {
     OpenSearch& open = *static_cast<OpenSearch*>(search);
-    while (open.directory) {
-      errno = 0;
-      const dirent* found = readdir(open.directory.get());
-      if (!found) {
-        const int error = errno;
-        open.directory.reset();
-        if (error != 0) {
-          return OutcomeOfErrno(error).situation == Situation::kNoFile
-                     ? Outcome{Situation::kOther, 31}
-                     : OutcomeOfErrno(error);
-        }
-      } else if (MatchesWildcard(open.pattern, found->d_name)) {
+    while (const dirent64* found = open.Next()) {
+      if (MatchesWildcard(open.pattern, found->d_name)) {
         entry.name = found->d_name;
-        entry.isLink = IsLinkEntry(open.directory.get(), *found);
-        entry.isDirectory = IsDirectory(open.directory.get(), *found);
+        entry.isLink = open.IsLink(*found);
+        entry.isDirectory = open.IsDirectory(*found);
         return Success();
       }
     }
     const unsigned long noMoreFiles = 18;
-    return {Situation::kNoFile, noMoreFiles};
+    return errno == 0 ? Outcome{Situation::kNoFile, noMoreFiles} : OutcomeOfErrno(errno);
+  }
+
+  std::size_t ExpectedEntries(Search search) override {
+    return static_cast<OpenSearch*>(search)->ExpectedEntries();
   }
 
   void CloseSearch(Search search) override { delete static_cast<OpenSearch*>(search); }

@@ -49,6 +49,8 @@ class WindowsFiles final : public Files {
     return Success();
   }
 
+  std::size_t ExpectedEntries(Search /*search*/) override { return 0; }
+
   void CloseSearch(Search search) override { FindClose(search); }
 
   Outcome MakeDirectory(const std::string& path) override {

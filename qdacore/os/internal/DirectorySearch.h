@@ -31,6 +31,8 @@ class DirectorySearch {
   // kNoFile at the end.
   host::Outcome Next() { return host::HostFiles().FindNext(fSearch, fEntry); }
 
+  std::size_t ExpectedEntries() { return host::HostFiles().ExpectedEntries(fSearch); }
+
   // From here on the end of the scope leaves the search open; Next still goes on.
   void LeaveOpen() { fIsOpen = false; }
 
