@@ -52,15 +52,15 @@ class FakeFtpClient final : public host::FtpClient {
                               " " + Shown(password));
       return fClient.failedConnects-- <= 0;
     }
-    bool GetDirectory(std::string& directory) override {
+    bool GetDirectory(std::string& current) override {
       fClient.calls.push_back("get directory");
       if (fClient.hasDirectory) {
-        directory = fClient.directory;
+        current = fClient.directory;
       }
       return fClient.hasDirectory;
     }
-    bool SetDirectory(const std::string& directory) override {
-      fClient.calls.push_back("set directory " + directory);
+    bool SetDirectory(const std::string& entered) override {
+      fClient.calls.push_back("set directory " + entered);
       return fClient.entersDirectory;
     }
     PutResult Put(const std::string& localFile, const std::string& remoteFile) override {
