@@ -54,11 +54,17 @@ class ContentsCopy {
  public:
   ContentsCopy(int from, int to) : fFrom(from), fTo(to) {}
 
-  // False with errno.
-  bool Run(off_t size) {
+  // `facts` are the source's. False with errno.
+  bool Run(const struct stat& facts) {
+    const off_t size = facts.st_size;
     // Files that the kernel makes up say that they are empty: then the end is where reading ends.
     if (size == 0) {
       return CopyTo(kUnknownEnd);
+    }
+    const off_t blockSize = 512;
+    if (facts.st_blocks >= size / blockSize) {
+      // Looking for holes goes through all of a file in memory.
+      return CopyTo(size);
     }
     while (fAt < size) {
       const off_t data = lseek(fFrom, fAt, SEEK_DATA);
@@ -181,7 +187,7 @@ Outcome CopyBetween(int from, const struct stat& sourceFacts, Descriptor& to, co
     return OutcomeOfErrno(errno);
   }
   ContentsCopy copy(from, to.Number());
-  if (!copy.Run(sourceFacts.st_size)) {
+  if (!copy.Run(sourceFacts)) {
     const Outcome failure = OutcomeOfErrno(errno);
     Discard(target, to.Number(), targetFacts);
     return failure;
