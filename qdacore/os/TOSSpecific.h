@@ -195,7 +195,7 @@ class TOSSpecific {
   //
   //   blanks, tabs   separate words
   //   '...'          its inside, as it stands
-  //   "..."          its inside; in it " is a quote and \ a backslash
+  //   "..."          its inside; in it \" is a quote and \\ a backslash, and others stay
   //   \              before a blank, a quote or a backslash: that character, as text
   //
   // and a program whose name holds no separator is looked up on PATH. There a child inherits its
@@ -273,13 +273,14 @@ class TOSSpecific {
   //
   // From the firmware's structures (DMTF DSP0134), as <smbios/smbios.h> gives them; each call loads
   // the table anew. Failures are lines in the core log and the result that is named here. Two texts
-  // of the firmware let std::out_of_range out, and the table then stays loaded: a BIOS version of
-  // fewer than two characters, also one that cannot be read, and a product name with its first
-  // dash at the end. Any number of threads, as far as the logger allows.
+  // of the firmware let std::out_of_range out, and the table then stays loaded: a BIOS version
+  // whose build text has fewer than two characters, also one that cannot be read, and a product
+  // name with its first dash at the end. Any number of threads, as far as the logger allows.
 
-  // The BIOS build identifier: the first two characters of the BIOS version (type 0, 05h), or of
-  // what stands in square brackets in it, as they are. "00" when there is no table or no such
-  // structure. Looks no further than 100 bytes into the structure's strings.
+  // The BIOS build identifier: the first two characters, as they are, of the build text. That is
+  // the BIOS version (type 0, 05h), or what stands in square brackets in it, up to its second dash,
+  // or to its only one. "00" when there is no table or no such structure. Looks no further than
+  // 100 bytes into the structure's strings.
   QDACORE_EXPORT static std::string GetBiosID();
 
   // The machine type by the product name (type 1, 05h): the up to four characters that begin two
@@ -288,7 +289,7 @@ class TOSSpecific {
   QDACORE_EXPORT static std::string GetMachineType();
 
   // The machine type that the BIOS build identifier, in lower case, stands for; for one that is
-  // not known, or when it cannot be read, what GetMachineType gives.
+  // not known, or when there is no table or no such structure, what GetMachineType gives.
   QDACORE_EXPORT static std::string GetMachineTypeFromID();
 
   // --- Host services -------------------------------------------------------------------

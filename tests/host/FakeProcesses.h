@@ -1,5 +1,5 @@
-// Processes and pipes of a test's own: one that records what it is asked, and one that passes all
-// on to the system but fails a call of the test's choice.
+// Processes, pipes and files that are made up: what is asked of them is recorded, and what is read
+// is the test's choice.
 
 #ifndef TESTS_HOST_FAKEPROCESSES_H
 #define TESTS_HOST_FAKEPROCESSES_H

@@ -87,6 +87,13 @@ Script Machine(const std::string& biosVersion, const std::string& productName) {
   return whole;
 }
 
+Script Server() { return Machine("-[GYE143AUS-1.20]-", "ZRV server -[7145AC1]-"); }
+
+Lines TypeLines(const std::string& machineType) {
+  return {"[Debug] getMachineType() entered.", "[Debug] Machine type detected: " + machineType,
+          "[Debug] getMachineType() completed."};
+}
+
 Record RunScript(const Script& whole, std::string (*operation)()) {
   script = whole;
   const test_support::LogCapture log;

@@ -41,11 +41,19 @@ extern Script script;
 // number 0.
 Script Machine(const std::string& biosVersion, const std::string& productName);
 
+// A server whose identifier and product name stand for different types: "gy" for 7327, and 7145.
+Script Server();
+
+typedef std::vector<std::string> Lines;
+
+// What GetMachineType writes for a machine with this type.
+Lines TypeLines(const std::string& machineType);
+
 // What an operation gave and did. A result of "out of range" stands for that exception.
 struct Record {
   std::string result;
-  std::vector<std::string> calls;
-  std::vector<std::string> lines;
+  Lines calls;
+  Lines lines;
 };
 Record RunScript(const Script& whole, std::string (*operation)());
 

@@ -1,5 +1,7 @@
 // SpawnProcess with real children.
 
+#include <cstdlib>
+#include <fstream>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -141,17 +143,25 @@ TEST(SpawnProcess, GrandchildThatHoldsTheOutputIsReadToItsEnd) {
 }
 
 TEST(SpawnProcess, ChildHasOurEnvironmentAndFolder) {
-  EXPECT_EQ("in 1", RunChild("SpawnsATeller", {{"QDACORE_TEST_WORD", "in 1"}}).output);
+  TemporaryFolder folder;
+  folder.Write("place", "in our folder");
+  EXPECT_EQ("our word in our folder, our word in our folder",
+            RunProgram(OwnProgram(), {"--run-as-child", "SpawnsTellers"},
+                       {{"QDACORE_TEST_WORD", "our word"}}, folder.Path())
+                .output);
 }
 
-QDACORE_CHILD(SpawnsATeller) {
-  os_tests::WriteOutput(TOSSpecific::SpawnProcess(ChildCommand("TellsItsVariable"), 0));
+QDACORE_CHILD(SpawnsTellers) {
+  os_tests::WriteOutput(Spawn(ChildCommand("TellsWhatItHas")).output + ", " +
+                        TOSSpecific::SpawnProcess(ChildCommand("TellsWhatItHas"), 0));
   return 0;
 }
 
-QDACORE_CHILD(TellsItsVariable) {
-  const char* word = std::getenv("QDACORE_TEST_WORD");
-  os_tests::WriteOutput(word ? word : "not set");
+QDACORE_CHILD(TellsWhatItHas) {
+  const char* const word = std::getenv("QDACORE_TEST_WORD");
+  std::string place = "elsewhere";
+  std::getline(std::ifstream("place"), place);
+  os_tests::WriteOutput(std::string(word ? word : "no word") + " " + place);
   return 0;
 }
 

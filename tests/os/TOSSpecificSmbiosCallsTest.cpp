@@ -34,28 +34,11 @@ namespace {
 using namespace NZRVQDA20;
 using namespace scripted_smbios;
 
-typedef std::vector<std::string> Lines;
-
 const Lines kBiosRead = {"load", "first 0 4096 of 1", "close 1"};
 const Lines kSystemRead = {"load", "first 1 1024 of 1", "close 1"};
-const Lines kBothRead = {"load", "first 1 1024 of 1", "close 1",
-                         "load", "first 0 4096 of 2", "close 2"};
-
-// What GetMachineType writes for a machine with this type.
-Lines TypeLines(const std::string& machineType) {
-  return {"[Debug] getMachineType() entered.", "[Debug] Machine type detected: " + machineType,
-          "[Debug] getMachineType() completed."};
-}
-
-Lines operator+(Lines lines, const Lines& more) {
-  lines.insert(lines.end(), more.begin(), more.end());
-  return lines;
-}
-
-const Script kServer = Machine("-[GYE143AUS-1.20]-", "ZRV server -[7145AC1]-");
 
 TEST(GetBiosID, ReadsOneStructureAndCloses) {
-  const Record record = RunScript(kServer, TOSSpecific::GetBiosID);
+  const Record record = RunScript(Server(), TOSSpecific::GetBiosID);
   EXPECT_EQ("GY", record.result);
   EXPECT_EQ(kBiosRead, record.calls);
   EXPECT_EQ((Lines{"[Debug] TOSSpecific::GetBiosID - Retrieving first SMBIOS structure",
@@ -65,7 +48,7 @@ TEST(GetBiosID, ReadsOneStructureAndCloses) {
 
 TEST(GetBiosID, FailedLoadIsAnErrorAndClosesNothing) {
   for (const int status : {1, 3, 5, 43}) {
-    Script script = kServer;
+    Script script = Server();
     script.loadStatuses = {status};
     const Record record = RunScript(script, TOSSpecific::GetBiosID);
     EXPECT_EQ("00", record.result);
@@ -77,7 +60,7 @@ TEST(GetBiosID, FailedLoadIsAnErrorAndClosesNothing) {
 }
 
 TEST(GetBiosID, NullHandleIsNoDataAndIsClosed) {
-  Script script = kServer;
+  Script script = Server();
   script.nullHandle = true;
   const Record record = RunScript(script, TOSSpecific::GetBiosID);
   EXPECT_EQ("00", record.result);
@@ -86,7 +69,7 @@ TEST(GetBiosID, NullHandleIsNoDataAndIsClosed) {
 }
 
 TEST(GetBiosID, WithoutTheStructureIsTheDefault) {
-  Script script = kServer;
+  Script script = Server();
   script.answers[0].status = 5;
   const Record record = RunScript(script, TOSSpecific::GetBiosID);
   EXPECT_EQ("00", record.result);
@@ -110,7 +93,7 @@ TEST(GetBiosID, FailedReadIsCarriedOnWithAndEndsOutOfRange) {
 }
 
 TEST(GetBiosID, FailedReadThatDeliversIsParsed) {
-  Script script = kServer;
+  Script script = Server();
   script.answers[0].status = 3;
   const Record record = RunScript(script, TOSSpecific::GetBiosID);
   EXPECT_EQ("GY", record.result);
@@ -124,7 +107,7 @@ TEST(GetBiosID, FailedReadThatDeliversIsParsed) {
 TEST(GetBiosID, OtherStatusesAndSizesAreNotLookedAt) {
   for (const int status : {0, 1, 2, 4, 6, 43}) {
     for (const int size : {kWhole, 0, 1, -5, 2147483647}) {
-      Script script = kServer;
+      Script script = Server();
       script.answers[0].status = status;
       script.answers[0].size = size;
       EXPECT_EQ("GY", Result(script, TOSSpecific::GetBiosID)) << status << " " << size;
@@ -139,7 +122,7 @@ TEST(GetBiosID, ShortVersionLeavesTheTableOpen) {
 }
 
 TEST(GetMachineType, ReadsOneStructureAndCloses) {
-  const Record record = RunScript(kServer, TOSSpecific::GetMachineType);
+  const Record record = RunScript(Server(), TOSSpecific::GetMachineType);
   EXPECT_EQ("7145", record.result);
   EXPECT_EQ(kSystemRead, record.calls);
   EXPECT_EQ(TypeLines("7145"), record.lines);
@@ -147,7 +130,7 @@ TEST(GetMachineType, ReadsOneStructureAndCloses) {
 
 TEST(GetMachineType, FailedLoadIsAnErrorAndClosesNothing) {
   for (const int status : {1, 3, 5, 43}) {
-    Script script = kServer;
+    Script script = Server();
     script.loadStatuses = {status};
     const Record record = RunScript(script, TOSSpecific::GetMachineType);
     EXPECT_EQ("0000", record.result);
@@ -160,7 +143,7 @@ TEST(GetMachineType, FailedLoadIsAnErrorAndClosesNothing) {
 }
 
 TEST(GetMachineType, NullHandleIsSaidAndClosed) {
-  Script script = kServer;
+  Script script = Server();
   script.nullHandle = true;
   const Record record = RunScript(script, TOSSpecific::GetMachineType);
   EXPECT_EQ("0000", record.result);
@@ -174,7 +157,7 @@ TEST(GetMachineType, NullHandleIsSaidAndClosed) {
 
 TEST(GetMachineType, WithoutMemoryIsTheDefault) {
   failingSize = 1024;
-  const Record record = RunScript(kServer, TOSSpecific::GetMachineType);
+  const Record record = RunScript(Server(), TOSSpecific::GetMachineType);
   failingSize = 0;
   EXPECT_EQ("0000", record.result);
   EXPECT_EQ((Lines{"load", "close 1"}), record.calls);
@@ -190,7 +173,7 @@ TEST(GetMachineType, FailedOrEmptyReadIsTheDefault) {
     int size;
   } rows[] = {{3, kWhole}, {5, kWhole}, {1, kWhole}, {43, kWhole}, {0, 0}, {0, -1}, {3, 0}};
   for (const auto& row : rows) {
-    Script script = kServer;
+    Script script = Server();
     script.answers[1].status = row.status;
     script.answers[1].size = row.size;
     const Record record = RunScript(script, TOSSpecific::GetMachineType);
@@ -217,113 +200,11 @@ TEST(GetMachineType, DashAtTheEndLeavesTheTableOpen) {
   EXPECT_EQ(Lines{"[Debug] getMachineType() entered."}, record.lines);
 }
 
-TEST(GetMachineTypeFromID, ReadsBothStructuresFromTwoLoads) {
-  const Record record = RunScript(kServer, TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("7327", record.result);
-  EXPECT_EQ(kBothRead, record.calls);
-  EXPECT_EQ((TypeLines("7145") +
-             Lines{"[Debug] TOSSpecific::GetMachineTypeFromID - Retrieving first SMBIOS structure",
-                   "[Debug] TOSSpecific::GetMachineTypeFromID -buildNumber is gy",
-                   "[Debug] Get machineType from Bios ID().", "machineType=7327\tBios ID =gy"}),
-            record.lines);
-}
-
-TEST(GetMachineTypeFromID, UnknownIdentifierKeepsTheTypeAndSaysTheSame) {
-  const Record record =
-      RunScript(Machine("ZZ9", "ZRV server -[7145AC1]-"), TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("7145", record.result);
-  EXPECT_EQ(kBothRead, record.calls);
-  EXPECT_EQ((TypeLines("7145") +
-             Lines{"[Debug] TOSSpecific::GetMachineTypeFromID - Retrieving first SMBIOS structure",
-                   "[Debug] TOSSpecific::GetMachineTypeFromID -buildNumber is zz",
-                   "[Debug] Get machineType from Bios ID().", "machineType=7145\tBios ID =zz"}),
-            record.lines);
-}
-
-TEST(GetMachineTypeFromID, FailedSecondLoadKeepsTheType) {
-  Script script = kServer;
-  script.loadStatuses = {0, 3};
-  const Record record = RunScript(script, TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("7145", record.result);
-  EXPECT_EQ(kSystemRead + Lines{"load"}, record.calls);
-  EXPECT_EQ((TypeLines("7145") +
-             Lines{"[Error] getBIOSstructure: Unable to open SMBIOS lib error = 3",
-                   "[Debug] getBIOSstructure: Unable to open SMBIOS lib error = 3Failed in "
-                   "getting machineType from Bios ID.",
-                   "Get machineType from GetMachineType().", "machineType=7145"}),
-            record.lines);
-}
-
-TEST(GetMachineTypeFromID, BothLoadsFailing) {
-  Script script = kServer;
-  script.loadStatuses = {1, 43};
-  const Record record = RunScript(script, TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("0000", record.result);
-  EXPECT_EQ((Lines{"load", "load"}), record.calls);
-  EXPECT_EQ((Lines{"[Debug] getMachineType() entered.",
-                   "[Error] getMachineType: Unable to open SMBIOS lib error = 1",
-                   "[Error] getBIOSstructure: Unable to open SMBIOS lib error = 43",
-                   "[Debug] getBIOSstructure: Unable to open SMBIOS lib error = 43Failed in "
-                   "getting machineType from Bios ID.",
-                   "Get machineType from GetMachineType().", "machineType=0000"}),
-            record.lines);
-}
-
-TEST(GetMachineTypeFromID, FirstLoadFailingAlone) {
-  Script script = kServer;
-  script.loadStatuses = {3};
-  const Record record = RunScript(script, TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("7327", record.result);
-  EXPECT_EQ((Lines{"load", "load", "first 0 4096 of 2", "close 2"}), record.calls);
-}
-
-TEST(GetMachineTypeFromID, NullHandleSaysNothingOfItsOwn) {
-  Script script = kServer;
-  script.nullHandle = true;
-  const Record record = RunScript(script, TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("0000", record.result);
-  EXPECT_EQ((Lines{"load", "close 0", "load", "close 0"}), record.calls);
-  EXPECT_EQ(3u, record.lines.size());
-}
-
-TEST(GetMachineTypeFromID, WithoutTheStructureKeepsTheType) {
-  Script script = kServer;
-  script.answers[0].status = 5;
-  const Record record = RunScript(script, TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("7145", record.result);
-  EXPECT_EQ(kBothRead, record.calls);
-  EXPECT_EQ((TypeLines("7145") +
-             Lines{"[Debug] TOSSpecific::GetMachineTypeFromID - Retrieving first SMBIOS structure",
-                   "[Debug] TOSSpecific::GetMachineTypeFromID - read all smbios structures "
-                   "available for type 0"}),
-            record.lines);
-}
-
-TEST(GetMachineTypeFromID, FailedReadEndsOutOfRangeAndLeavesTheTableOpen) {
-  Script script = kServer;
-  script.answers[0] = Answer();
-  script.answers[0].status = 3;
-  const Record record = RunScript(script, TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("out of range", record.result);
-  EXPECT_EQ(kSystemRead + (Lines{"load", "first 0 4096 of 2"}), record.calls);
-  EXPECT_EQ((TypeLines("7145") +
-             Lines{"[Debug] TOSSpecific::GetMachineTypeFromID - Retrieving first SMBIOS structure",
-                   "[Debug] TOSSpecific::GetMachineTypeFromID - smbios read operation failed! "}),
-            record.lines);
-}
-
-// The product name is read first, so its failure is all there is.
-TEST(GetMachineTypeFromID, ProductNameOutOfRangeEndsIt) {
-  const Record record = RunScript(Machine("GY", "x-"), TOSSpecific::GetMachineTypeFromID);
-  EXPECT_EQ("out of range", record.result);
-  EXPECT_EQ((Lines{"load", "first 1 1024 of 1"}), record.calls);
-}
-
 TEST(MachineIdentification, NeedsNoLogger) {
   ASSERT_EQ(nullptr, TRootObject::GetCoreLogger());
-  EXPECT_EQ("GY", Result(kServer, TOSSpecific::GetBiosID));
-  EXPECT_EQ("7145", Result(kServer, TOSSpecific::GetMachineType));
-  EXPECT_EQ("7327", Result(kServer, TOSSpecific::GetMachineTypeFromID));
+  EXPECT_EQ("GY", Result(Server(), TOSSpecific::GetBiosID));
+  EXPECT_EQ("7145", Result(Server(), TOSSpecific::GetMachineType));
+  EXPECT_EQ("7327", Result(Server(), TOSSpecific::GetMachineTypeFromID));
 }
 
 }  // namespace
