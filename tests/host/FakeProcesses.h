@@ -93,6 +93,13 @@ class FakeProcesses final : public host::Processes {
   Handle fLast = 0;
 };
 
+// For ScopedHost: these processes, and else the host's own.
+inline host::Replacements ProcessesOnly(host::Processes& processes) {
+  host::Replacements replacements;
+  replacements.processes = &processes;
+  return replacements;
+}
+
 }  // namespace host_fakes
 
 #endif

@@ -20,13 +20,7 @@ typedef std::vector<std::string> Lines;
 
 class FakeCapture : public testing::Test {
  protected:
-  FakeCapture() : fHost(Replace()) {}
-
-  host::Replacements Replace() {
-    host::Replacements replacements;
-    replacements.processes = &fProcesses;
-    return replacements;
-  }
+  FakeCapture() : fHost(ProcessesOnly(fProcesses)) {}
 
   FakeProcesses fProcesses;
   ScopedHost fHost;

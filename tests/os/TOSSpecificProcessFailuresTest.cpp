@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <qdacore/os/TOSSpecific.h>
+#include <tests/host/FakeProcesses.h>
 #include <tests/host/FaultyProcesses.h>
 #include <tests/host/HostFakes.h>
 #include <tests/os/Children.h>
@@ -19,12 +20,6 @@ using test_support::LogCapture;
 using test_support::ThrownStatus;
 
 typedef std::vector<std::string> Lines;
-
-host::Replacements ProcessesOnly(host::Processes& processes) {
-  host::Replacements replacements;
-  replacements.processes = &processes;
-  return replacements;
-}
 
 struct Failure {
   // The call that fails, as FaultyProcesses names it; empty: none.

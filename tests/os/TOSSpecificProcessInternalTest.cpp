@@ -18,12 +18,6 @@ using test_support::LogCapture;
 
 typedef std::vector<std::string> Lines;
 
-host::Replacements ProcessesOnly(host::Processes& processes) {
-  host::Replacements replacements;
-  replacements.processes = &processes;
-  return replacements;
-}
-
 class FakeChild : public testing::Test {
  protected:
   FakeChild() : fHost(ProcessesOnly(fProcesses)) {}
