@@ -1,13 +1,13 @@
 // The copy of a directory.
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include <qdacore/os/TOSSpecific.h>
+#include <tests/os/FolderTree.h>
 #include <tests/support/ExpectStatus.h>
 #include <tests/support/LeaksOnPurpose.h>
 #include <tests/support/TemporaryFolder.h>
@@ -16,21 +16,9 @@ namespace {
 
 using namespace NZRVQDA20;
 using namespace test_support;
-namespace fs = std::filesystem;
+using file_aids::Tree;
 
 typedef std::vector<std::string> Names;
-
-// Everything below a folder, sorted: files as "path=contents", folders as "path/".
-Names Tree(const std::string& folder) {
-  Names tree;
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-    const std::string name = fs::relative(entry.path(), folder).generic_string();
-    tree.push_back(entry.is_directory() ? name + "/"
-                                        : name + "=" + ReadTextFile(entry.path().string()));
-  }
-  std::sort(tree.begin(), tree.end());
-  return tree;
-}
 
 class DirCopy : public testing::Test {
  protected:

@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -14,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <qdacore/os/TOSSpecific.h>
+#include <tests/os/FolderTree.h>
 #include <tests/support/ChildProcess.h>
 #include <tests/support/ExpectStatus.h>
 #include <tests/support/LeaksOnPurpose.h>
@@ -24,27 +24,10 @@ namespace {
 
 using namespace NZRVQDA20;
 using namespace test_support;
+using file_aids::Tree;
 namespace fs = std::filesystem;
 
 typedef std::vector<std::string> Names;
-
-// Everything below a folder, sorted: "path=contents", "path/", "path>link". Links are not followed.
-Names Tree(const std::string& folder) {
-  Names tree;
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-    const std::string name = fs::relative(fs::path(entry.path()).parent_path(), folder).string() +
-                             "/" + entry.path().filename().string();
-    const std::string shown = name.compare(0, 2, "./") == 0 ? name.substr(2) : name;
-    if (entry.is_symlink()) {
-      tree.push_back(shown + ">" + fs::read_symlink(entry.path()).string());
-    } else {
-      tree.push_back(entry.is_directory() ? shown + "/"
-                                          : shown + "=" + ReadTextFile(entry.path().string()));
-    }
-  }
-  std::sort(tree.begin(), tree.end());
-  return tree;
-}
 
 std::string CopyStatus(const TemporaryFolder& folder, bool recursive = true) {
   const LeaksOnPurpose searches;
