@@ -122,9 +122,11 @@ void fuzz_ftp_target::FuzzOneInput(const std::uint8_t* data, std::size_t size) {
       "line ends and NULs are seen");
 }
 
-// Here for libFuzzer; to the tests that link this file it is one more function.
+// Here for libFuzzer only: the tests that link this file have another harness beside it.
+#if defined(FUZZ_WITH_LIBFUZZER)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz_ftp_target::FuzzOneInput(data, size);
   return 0;
 }
+#endif
