@@ -43,8 +43,6 @@ TEST_P(HostileServer, IsToldOf) {
   EXPECT_THAT(told, Not(Contains(testing::StartsWith("DELE"))));
 }
 
-const char kReason[] = "[Error] TOSSpecific Error: ";
-
 INSTANTIATE_TEST_SUITE_P(
     Rows, HostileServer,
     testing::Values(
