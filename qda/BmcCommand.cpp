@@ -1,6 +1,5 @@
 #include <qda/BmcCommand.h>
 
-#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -9,9 +8,9 @@
 #include <qda/BmcOutput.h>
 #include <qda/BmcSession.h>
 #include <qda/CommandOptions.h>
+#include <qda/Progress.h>
 #include <qda/Secret.h>
 #include <qda/Text.h>
-#include <qda/host/Terminal.h>
 
 namespace qda {
 
@@ -68,9 +67,9 @@ CLI::Validator ShortName() {
 }
 
 bool ReadPassword(const BmcOptions& options, std::string* password) {
-  const SecretRequest request = {
-      options.passwordFile, kPasswordVariable,
-      fmt::format("Password of {} at {}: ", options.user, options.address)};
+  const std::string of = options.user.empty() ? "" : " of " + options.user;
+  const SecretRequest request = {options.passwordFile, kPasswordVariable,
+                                 fmt::format("Password{} at {}: ", of, options.address)};
   if (!ReadSecret(request, password)) {
     return false;
   }
@@ -83,34 +82,9 @@ bool ReadPassword(const BmcOptions& options, std::string* password) {
   return true;
 }
 
-// Says on standard error what is waited for, as long as a terminal watches there, and wipes it at
-// the end.
-class WaitingLine {
- public:
-  explicit WaitingLine(const std::string& what) {
-    if (host::ErrorIsWatched()) {
-      fText = "qda: " + what;
-      std::fputs(fText.c_str(), stderr);
-      std::fflush(stderr);
-    }
-  }
-  ~WaitingLine() {
-    if (!fText.empty()) {
-      const std::string blanks(fText.size(), ' ');
-      std::fputs(("\r" + blanks + "\r").c_str(), stderr);
-      std::fflush(stderr);
-    }
-  }
-  WaitingLine(const WaitingLine&) = delete;
-  WaitingLine& operator=(const WaitingLine&) = delete;
-
- private:
-  std::string fText;
-};
-
 BmcSession OpenSession(const BmcOptions& options, const std::string& password) {
-  const WaitingLine waiting("waiting for the BMC at " + options.address +
-                            ", 20 seconds at the most");
+  const Progress progress(
+      fmt::format("waiting for the BMC at {}, 20 s at the most", options.address));
   return OpenBmcSession(options.address, options.user, password);
 }
 
@@ -139,7 +113,9 @@ std::function<int()> DeclareBmc(CLI::App* app, RunOptions* run) {
       ->option_text("(IPv4)")
       ->required()
       ->check(DottedAddress());
-  app->add_option("--user", options->user, "The user's name at the BMC")
+  // May be empty: all zeros in Get Session Challenge are the BMC's user without a name.
+  app->add_option("--user", options->user,
+                  "The user's name at the BMC; \"\" is the\nuser without a name")
       ->option_text("NAME")
       ->required()
       ->check(ShortName())

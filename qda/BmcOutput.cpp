@@ -10,21 +10,30 @@ namespace qda {
 
 namespace {
 
-// Open: confirmed by every reply that is checked. Doubtful: by one at least.
+// Open: a reply passed its check, and none failed it after that. Doubtful: one did.
 const char* Status(const BmcSession& session) {
   return !session.isConfirmed ? "unconfirmed" : session.doubt.empty() ? "open" : "doubtful";
 }
 
 // What to try when the BMC stays silent.
-const char* Advice(const std::string& request) {
-  if (request == "Activate Session") {
+std::string Advice(const BmcSession& session) {
+  if (session.lastRequest == "Get Session Challenge") {
+    return "check the address, that the BMC has IPMI over LAN enabled, and that UDP port 623 is "
+           "open";
+  }
+  if (session.lastRequest == "Activate Session") {
     return "user name or password may be wrong, or the BMC refuses straight password "
            "authentication";
   }
-  if (request == "Set Session Privilege Level" || request == "Get SEL Entry") {
+  if (!session.isConfirmed) {
+    return "Activate Session was refused, or its reply is damaged; user name or password may be "
+           "wrong";
+  }
+  if (session.lastRequest == "Set Session Privilege Level") {
     return "the session was activated, but the BMC takes no messages that are numbered from 1";
   }
-  return "check the address, that the BMC has IPMI over LAN enabled, and that UDP port 623 is open";
+  return session.doubt.empty() ? "the session was opened; nothing is sent twice, so try again"
+                               : session.doubt;
 }
 
 }  // namespace
@@ -55,7 +64,7 @@ std::string BmcComplaint(const std::string& address, const BmcSession& session) 
     return start + fmt::format(
                        "no reply to {} within 5 seconds (socket error {}, "
                        "kQDAStatusConnectionFailed); {}",
-                       session.lastRequest, session.socketError, Advice(session.lastRequest));
+                       session.lastRequest, session.socketError, Advice(session));
   }
   if (session.socketError != 0) {
     return start + fmt::format("{}: {} (socket error {}, kQDAStatusConnectionFailed)",

@@ -1,5 +1,7 @@
 #include <qda/BmcSession.h>
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include <qda/RunLog.h>
@@ -47,9 +49,7 @@ std::string LastRequest(std::uint32_t nextNumber, const std::string& kept) {
     return "Set Session Privilege Level";
   }
   return Contains(kept, "Activate Session Request : error code") ? "Activate Session"
-         : Contains(kept, "Get Session Challenge : error code")
-             ? "Get Session Challenge"
-             : "Get Session Challenge or Activate Session";
+                                                                 : "Get Session Challenge";
 }
 
 // The words of the log are those of other steps, in part.
@@ -80,6 +80,12 @@ BmcSession OpenBmcSession(const std::string& address, const std::string& user,
   IIPMILan::Initialize();
   IIPMILan& lan = *TRootObject::GetipmiLanIns();
   BmcSession session;
+  // The client tells of a reply that did not pass by a warning, and by nothing else. So warnings
+  // are let through, whatever was asked for: without them a refused session would be taken for
+  // good.
+  ILogger& log = *TRootObject::GetCoreLogger();
+  const ILogger::EQDALogSeverity threshold = log.GetLogThreshold();
+  log.SetLogThreshold(std::max(threshold, ILogger::kLogWarning));
   RunLog::TakeKept(ILogger::kLogWarning);
   try {
     lan.IpmilanOpenConnect(address, user, password);
@@ -88,6 +94,7 @@ BmcSession OpenBmcSession(const std::string& address, const std::string& user,
     session.socketError = error ? error : -1;
   }
   const std::string kept = RunLog::TakeKept(ILogger::kLogWarning);
+  log.SetLogThreshold(threshold);
   session.isConfirmed = lan.getipmiLanStatus();
   session.sessionID = SessionID(lan);
   session.nextSequenceNumber = lan.getSeqNum();

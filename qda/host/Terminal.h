@@ -21,7 +21,8 @@ enum class Answer {
 // terminal is as it was when this returns; on POSIX also when a signal ends the process meanwhile.
 Answer AskHidden(const std::string& prompt, std::size_t longest, std::string* line);
 
-// Whether somebody watches standard error, so that a line there may be written over again.
+// Whether somebody watches standard error, at a terminal that takes escape sequences (ECMA-48), so
+// that a line there may be written over again.
 bool ErrorIsWatched();
 
 }  // namespace host

@@ -18,11 +18,9 @@ std::vector<std::string> WithReply(std::size_t step, const std::string& reply) {
 }
 
 TEST(HostileReply, ShorterOneLeavesBytesOfTheOneBefore) {
-  // Only the session ID of the second reply arrives, and the rest is what the first one left. That
-  // had zeros behind its end, and 00 in byte 4 makes the length the one at 13.
+  // The header and the length of reply 3, and the message of reply 2 behind it.
   FakeLan fake(WithReply(2, SampleReplies()[2].substr(0, 30)));
   EXPECT_EQ(0, fake.Connect());
-  // The length of reply 3, and the message of reply 2.
   EXPECT_EQ("1 Set Privilege Level : ChkResponse failed", fake.log.lines[12]);
 
   FakeLan empty(WithReply(2, ""));

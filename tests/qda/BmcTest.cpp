@@ -75,18 +75,38 @@ TEST(Bmc, SessionIsPrintedAsJson) {
   EXPECT_EQ(SampleRequests(), bmc.Requests());
 }
 
-TEST(Bmc, RefusedLevelIsDoubtful) {
-  std::vector<BmcStep> script = GoodScript();
-  script[2].replies = {WithCompletionCode(SampleReplies()[2], 29, 0x81)};
-  ScriptedBmc bmc(script);
+TEST(Bmc, UserMayHaveNoName) {
+  ScriptedBmc bmc(GoodScript());
   QDA_NEEDS_BMC(bmc);
-  const ChildResult run = RunBmc(bmc.Address());
-  EXPECT_EQ(1, run.exitCode);
-  EXPECT_THAT(run.output, HasSubstr("Status                doubtful\n"));
-  EXPECT_EQ("qda: BMC at " + bmc.Address() +
-                ": Set Session Privilege Level was refused, or its reply is damaged "
-                "(kQDAStatusConnectionFailed)\n",
-            run.error);
+  const ChildResult run =
+      RunQda({"bmc", bmc.Address(), "--user", ""}, {{"QDA_BMC_PASSWORD", "secret"}});
+  EXPECT_EQ("", run.error);
+  EXPECT_EQ(0, run.exitCode);
+  EXPECT_THAT(run.output, HasSubstr("\nUser\nStatus                open\n"));
+  EXPECT_EQ(std::string(16, '\0'), bmc.Requests().at(0).substr(21, 16));
+}
+
+// How much is logged does not change what is found.
+TEST(Bmc, RefusedLevelIsDoubtfulAtEveryLogLevel) {
+  const test_support::TemporaryFolder folder;
+  const std::vector<std::vector<std::string>> logs = {
+      {},
+      {"--log", folder.PathOf("log"), "--log-level", "error"},
+      {"--log", folder.PathOf("log"), "--log-level", "debug"}};
+  for (const std::vector<std::string>& log : logs) {
+    SCOPED_TRACE(log.empty() ? "no log" : log.back());
+    std::vector<BmcStep> script = GoodScript();
+    script[2].replies = {WithCompletionCode(SampleReplies()[2], 29, 0x81)};
+    ScriptedBmc bmc(script);
+    QDA_NEEDS_BMC(bmc);
+    const ChildResult run = RunBmc(bmc.Address(), log);
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_THAT(run.output, HasSubstr("Status                doubtful\n"));
+    EXPECT_EQ("qda: BMC at " + bmc.Address() +
+                  ": Set Session Privilege Level was refused, or its reply is damaged "
+                  "(kQDAStatusConnectionFailed)\n",
+              run.error);
+  }
 }
 
 TEST(Bmc, DamagedLastReplyIsDoubtful) {
@@ -161,9 +181,11 @@ INSTANTIATE_TEST_SUITE_P(
         SilentRow{1, "Activate Session",
                   "user name or password may be wrong, or the BMC refuses straight password "
                   "authentication"},
-        SilentRow{3, "Get SEL Entry",
+        SilentRow{2, "Set Session Privilege Level",
                   "the session was activated, but the BMC takes no messages that are numbered from "
-                  "1"}));
+                  "1"},
+        SilentRow{3, "Get SEL Entry",
+                  "the session was opened; nothing is sent twice, so try again"}));
 
 TEST(BmcPassword, LongerThan16CharactersIsRefused) {
   const ChildResult run =

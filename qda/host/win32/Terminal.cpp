@@ -1,7 +1,5 @@
 #include <qda/host/Terminal.h>
 
-#include <io.h>
-#include <stdio.h>
 #include <windows.h>
 
 namespace qda {
@@ -91,7 +89,14 @@ Answer AskHidden(const std::string& prompt, std::size_t longest, std::string* li
   return answer;
 }
 
-bool ErrorIsWatched() { return _isatty(_fileno(stderr)) != 0; }
+bool ErrorIsWatched() {
+  // A console takes no escape sequences until it is told to, and older ones never do. The null
+  // device, which the C runtime takes for a terminal, is none.
+  const HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
+  DWORD mode = 0;
+  return GetConsoleMode(error, &mode) &&
+         SetConsoleMode(error, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+}
 
 }  // namespace host
 }  // namespace qda
