@@ -3,6 +3,8 @@
 #include <chrono>
 #include <random>
 
+#include <tests/ipmi/SampleFrames.h>
+
 namespace ipmi_test {
 
 UdpSocket::Binding BindBmcPort(UdpSocket* socket) {
@@ -17,6 +19,14 @@ UdpSocket::Binding BindBmcPort(UdpSocket* socket) {
     binding = socket->Bind({(host & 0xFFFFFF00) + 1 + random() % 254, 623});
   }
   return binding;
+}
+
+std::vector<BmcStep> GoodScript() {
+  std::vector<BmcStep> script(4);
+  for (std::size_t step = 0; step < 4; ++step) {
+    script[step].replies = {SampleReplies()[step]};
+  }
+  return script;
 }
 
 ScriptedBmc::ScriptedBmc(const std::vector<BmcStep>& script)

@@ -26,6 +26,15 @@ struct BmcStep {
   int delayMs = 0;
 };
 
+// The four good replies of SampleFrames.h.
+std::vector<BmcStep> GoodScript();
+
+// A test cannot go on without its BMC, and says why.
+#define QDA_NEEDS_BMC(bmc)          \
+  if (!(bmc).IsUp()) {              \
+    GTEST_SKIP() << (bmc).Reason(); \
+  }
+
 class ScriptedBmc {
  public:
   explicit ScriptedBmc(const std::vector<BmcStep>& script);

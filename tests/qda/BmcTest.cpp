@@ -19,24 +19,11 @@ using test_support::ChildResult;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-std::vector<BmcStep> GoodScript() {
-  std::vector<BmcStep> script(4);
-  for (std::size_t step = 0; step < 4; ++step) {
-    script[step].replies = {SampleReplies()[step]};
-  }
-  return script;
-}
-
 ChildResult RunBmc(const std::string& address, std::vector<std::string> more = {}) {
   std::vector<std::string> arguments = {"bmc", address, "--user", "admin"};
   arguments.insert(arguments.end(), more.begin(), more.end());
   return RunQda(arguments, {{"QDA_BMC_PASSWORD", "secret"}});
 }
-
-#define QDA_NEEDS_BMC(bmc)          \
-  if (!(bmc).IsUp()) {              \
-    GTEST_SKIP() << (bmc).Reason(); \
-  }
 
 TEST(Bmc, SessionIsPrinted) {
   ScriptedBmc bmc(GoodScript());

@@ -11,7 +11,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <tests/ipmi/SampleFrames.h>
 #include <tests/ipmi/ScriptedBmc.h>
 #include <tests/support/ScopedEnvironment.h>
 
@@ -58,16 +57,11 @@ std::string RunAtTerminal(const std::string& address, int* exitCode) {
 }
 
 TEST(BmcTerminal, ShowsWhatIsWaitedForAndWipesIt) {
-  std::vector<BmcStep> script(4);
-  for (std::size_t step = 0; step < 4; ++step) {
-    script[step].replies = {SampleReplies()[step]};
-  }
+  std::vector<BmcStep> script = GoodScript();
   // The line comes when half a second has passed.
   script[0].delayMs = 1200;
   ScriptedBmc bmc(script);
-  if (!bmc.IsUp()) {
-    GTEST_SKIP() << bmc.Reason();
-  }
+  QDA_NEEDS_BMC(bmc);
   int exitCode = -1;
   const std::string shown = RunAtTerminal(bmc.Address(), &exitCode);
   const std::string wipe = "\r\x1B[K";
