@@ -85,5 +85,23 @@ TEST(SmbiosHostileTables, OneHandleForAllMakesANamespace) {
   }
 }
 
+// A few bytes that claim 255 strings each, as often as a table can have them: what is not there
+// must not be made up, or half a megabyte of table would fill the memory.
+TEST(SmbiosHostileTables, StringsThatAreClaimedAndNotThereCostNothing) {
+  smbios::sample::TableBuilder table;
+  const std::uint16_t count = 5000;
+  for (std::uint16_t number = 0; number < count; ++number) {
+    table.Add(smbios::sample::StructureBuilder(11, number).Byte(255));
+  }
+  table.Add(smbios::sample::StructureBuilder(127, 0x7F00));
+  const auto ns = NamespaceOfDump(table.Dump64(3, 7));
+  ASSERT_TRUE(ns);
+  const std::vector<Facts> strings = ObjectsOf(ns, "ZRVSG_FirmwareStrings");
+  ASSERT_EQ(count, strings.size());
+  for (const Facts& text : strings) {
+    ASSERT_EQ(0u, text.count("Strings"));
+  }
+}
+
 }  // namespace
 }  // namespace machine_test

@@ -63,13 +63,14 @@ const PropertyRow kMemoryProperties[] = {
 }  // namespace
 
 const ClassRow kManagedElement("CIM_ManagedElement", nullptr, kAbstract);
-const ClassRow kSystem("CIM_System", &kManagedElement, kSystemProperties, kAbstract);
+const ClassRow kLogicalElement("CIM_LogicalElement", &kManagedElement, kAbstract);
+const ClassRow kSystem("CIM_System", &kLogicalElement, kSystemProperties, kAbstract);
 const ClassRow kComputerSystem("CIM_ComputerSystem", &kSystem);
 const ClassRow kZrvComputerSystem("ZRVSG_ComputerSystem", &kComputerSystem,
                                   kZrvComputerSystemProperties);
-const ClassRow kOperatingSystem("CIM_OperatingSystem", &kManagedElement,
+const ClassRow kOperatingSystem("CIM_OperatingSystem", &kLogicalElement,
                                 kOperatingSystemProperties);
-const ClassRow kLogicalDevice("CIM_LogicalDevice", &kManagedElement, kLogicalDeviceProperties,
+const ClassRow kLogicalDevice("CIM_LogicalDevice", &kLogicalElement, kLogicalDeviceProperties,
                               kAbstract);
 const ClassRow kPhysicalElement("CIM_PhysicalElement", &kManagedElement, kPhysicalElementProperties,
                                 kAbstract);

@@ -15,6 +15,7 @@
 namespace machine {
 
 extern const ClassRow kManagedElement;     // CIM_ManagedElement, abstract
+extern const ClassRow kLogicalElement;     // CIM_LogicalElement, abstract
 extern const ClassRow kSystem;             // CIM_System, abstract: CreationClassName*, Name*
 extern const ClassRow kComputerSystem;     // CIM_ComputerSystem
 extern const ClassRow kOperatingSystem;    // CIM_OperatingSystem

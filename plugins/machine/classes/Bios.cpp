@@ -31,7 +31,7 @@ const PropertyRow kSoftwareElementProperties[] = {{"Name", kString, kKey},
                                                   {"SoftwareElementID", kString, kKey},
                                                   {"TargetOperatingSystem", kUint16, kKey},
                                                   {"Manufacturer", kString}};
-const ClassRow kSoftwareElement("CIM_SoftwareElement", &kManagedElement,
+const ClassRow kSoftwareElement("CIM_SoftwareElement", &kLogicalElement,
                                 kSoftwareElementProperties);
 
 const PropertyRow kBiosProperties[] = {{"PrimaryBIOS", kBoolean},
@@ -47,7 +47,7 @@ const PropertyRow kFeatureProperties[] = {{"IdentifyingNumber", kString, kKey},
                                           {"Vendor", kString, kKey},
                                           {"Version", kString, kKey},
                                           {"Name", kString, kKey}};
-const ClassRow kSoftwareFeature("CIM_SoftwareFeature", &kManagedElement, kFeatureProperties);
+const ClassRow kSoftwareFeature("CIM_SoftwareFeature", &kLogicalElement, kFeatureProperties);
 const PropertyRow kBiosFeatureProperties[] = {{"Characteristics", ArrayOf(kUint16)}};
 const ClassRow kBiosFeature("CIM_BIOSFeature", &kSoftwareFeature, kBiosFeatureProperties);
 
@@ -56,7 +56,7 @@ const PropertyRow kIdentityProperties[] = {{"InstanceID", kString, kKey},
                                            {"MajorVersion", kUint16},
                                            {"MinorVersion", kUint16},
                                            {"Classifications", ArrayOf(kUint16)}};
-const ClassRow kSoftwareIdentity("CIM_SoftwareIdentity", &kManagedElement, kIdentityProperties);
+const ClassRow kSoftwareIdentity("CIM_SoftwareIdentity", &kLogicalElement, kIdentityProperties);
 
 const AssociationRow kSystemBios("CIM_SystemBIOS", {"GroupComponent", &kComputerSystem},
                                  {"PartComponent", &kBios});
@@ -112,9 +112,11 @@ void SetLanguages(NewObject* object, const SmbiosStructures& smbios) {
   const unsigned int count = languages.Byte(0x04).value_or(0);
   for (unsigned int number = 1; number <= count; ++number) {
     const std::string_view name = languages.String(number);
-    if (!name.empty()) {
-      names.push_back(std::string(name));
+    // No string of a set is empty (6.1.3): behind one that is not there none is.
+    if (name.empty()) {
+      break;
     }
+    names.push_back(std::string(name));
   }
   object->Array("ListOfLanguages", kString, names).Text("CurrentLanguage", languages.Text(0x15));
 }

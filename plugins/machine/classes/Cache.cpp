@@ -26,7 +26,7 @@ const PropertyRow kCacheProperties[] = {{"Level", kUint16},
                                         {"CacheType", kUint16},
                                         {"Associativity", kUint16}};
 const AssociationRow kAssociatedCache("CIM_AssociatedCacheMemory", {"Antecedent", &kMemory},
-                                      {"Dependent", &kProcessor}, kCacheProperties);
+                                      {"Dependent", &kLogicalElement}, kCacheProperties);
 
 // To CIM_AssociatedCacheMemory's value maps. Configuration (7.8, 05h), bits 2:0 and 9:8.
 const CodeRow kLevels[] = {{0, 3}, {1, 4}, {2, 5}, {3, 1}, {4, 1}, {5, 1}, {6, 1}, {7, 1}};

@@ -33,7 +33,8 @@ const ClassRow kSlot("CIM_Slot", &kConnector, kSlotProperties);
 const std::uint16_t kMale = 2;
 const std::uint16_t kFemale = 3;
 
-// Connector Type (7.9.2) to CIM_PhysicalConnector.ConnectorType; what is not here is "Other".
+// Connector Type (7.9.2) to CIM_PhysicalConnector.ConnectorType. Those that have no number there
+// are 1, "Other".
 struct ConnectorRow {
   unsigned int smbios;
   std::uint16_t type;
@@ -42,15 +43,15 @@ struct ConnectorRow {
 const ConnectorRow kConnectors[] = {
     {0x01, 66, 0},       {0x02, 67, 0},     {0x03, 76, 0},       {0x04, 23, kMale},
     {0x05, 23, kFemale}, {0x06, 22, kMale}, {0x07, 22, kFemale}, {0x08, 21, kMale},
-    {0x09, 21, kFemale}, {0x0A, 38, 0},     {0x0B, 39, 0},       {0x0D, 59, 0},
-    {0x0E, 60, 0},       {0x0F, 61, 0},     {0x10, 62, 0},       {0x11, 63, 0},
-    {0x12, 53, 0},       {0x13, 88, 0},     {0x14, 89, kMale},   {0x15, 89, kFemale},
-    {0x16, 90, 0},       {0x17, 91, 0},     {0x18, 92, 0},       {0x19, 93, 0},
-    {0x1A, 94, 0},       {0x1B, 95, 0},     {0x1C, 96, 0},       {0x1D, 68, 0},
-    {0x1E, 70, 0},       {0x1F, 97, 0},     {0x20, 37, 0},       {0x21, 54, 0},
-    {0x23, 53, 0},       {0xA0, 83, 0},     {0xA1, 84, 0},       {0xA2, 85, 0},
-    {0xA3, 86, 0},       {0xA4, 87, 0}};
-const std::uint16_t kOtherConnector = 1;
+    {0x09, 21, kFemale}, {0x0A, 38, 0},     {0x0B, 39, 0},       {0x0C, 1, 0},
+    {0x0D, 59, 0},       {0x0E, 60, 0},     {0x0F, 61, 0},       {0x10, 62, 0},
+    {0x11, 63, 0},       {0x12, 53, 0},     {0x13, 88, 0},       {0x14, 89, kMale},
+    {0x15, 89, kFemale}, {0x16, 90, 0},     {0x17, 91, 0},       {0x18, 92, 0},
+    {0x19, 93, 0},       {0x1A, 94, 0},     {0x1B, 95, 0},       {0x1C, 96, 0},
+    {0x1D, 68, 0},       {0x1E, 70, 0},     {0x1F, 97, 0},       {0x20, 37, 0},
+    {0x21, 54, 0},       {0x22, 1, 0},      {0x23, 53, 0},       {0xA0, 83, 0},
+    {0xA1, 84, 0},       {0xA2, 85, 0},     {0xA3, 86, 0},       {0xA4, 87, 0},
+    {0xFF, 1, 0}};
 
 // Port Types (7.9.3).
 const char* const kPortTypes[] = {nullptr,
@@ -117,7 +118,6 @@ void SetConnector(NewObject* object, unsigned int code) {
       return;
     }
   }
-  object->Array("ConnectorType", kUint16, std::vector<std::uint16_t>{kOtherConnector});
 }
 
 // What is outside is what people see and plug into; an inner connector counts where there is

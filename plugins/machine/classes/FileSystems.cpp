@@ -24,13 +24,13 @@ const PropertyRow kFileSystemProperties[] = {{"CSCreationClassName", kString, kK
                                              {"CasePreserved", kBoolean},
                                              {"MaxFileNameLength", kUint32},
                                              {"PersistenceType", kUint16}};
-const ClassRow kFileSystem("CIM_FileSystem", &kManagedElement, kFileSystemProperties);
+const ClassRow kFileSystem("CIM_FileSystem", &kLogicalElement, kFileSystemProperties);
 const ClassRow kLocalFileSystem("CIM_LocalFileSystem", &kFileSystem);
 
 const AssociationRow kHostedFileSystem = {
     "CIM_HostedFileSystem", {"GroupComponent", &kSystem}, {"PartComponent", &kFileSystem}};
 const AssociationRow kResidesOnExtent = {
-    "CIM_ResidesOnExtent", {"Antecedent", &kStorageExtent}, {"Dependent", &kManagedElement}};
+    "CIM_ResidesOnExtent", {"Antecedent", &kStorageExtent}, {"Dependent", &kLogicalElement}};
 
 Object Add(NamespaceBuilder& builder, const MachineFacts& facts, const FileSystemFacts& found) {
   return builder.Create(kLocalFileSystem)

@@ -2,6 +2,7 @@
 // Options (7.13, type 12). DMTF has no class for them.
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <plugins/machine/classes/BaseClasses.h>
@@ -22,8 +23,12 @@ void AddStrings(NamespaceBuilder& builder, const MachineFacts& facts, unsigned i
     std::vector<std::string> texts;
     const unsigned int count = structure.Byte(0x04).value_or(0);
     for (unsigned int at = 1; at <= count; ++at) {
-      // An index that has no text would shift those behind it.
-      texts.push_back(std::string(structure.String(at)));
+      const std::string_view text = structure.String(at);
+      // No string of a set is empty (6.1.3): behind one that is not there none is.
+      if (text.empty()) {
+        break;
+      }
+      texts.push_back(std::string(text));
     }
     builder.Create(kFirmwareStrings)
         .Key("InstanceID", "ZRVSG:" + name + " " + std::to_string(number++))

@@ -53,9 +53,9 @@ const std::uint16_t kMemorySlots = 6;
 
 // Form Factor (7.18.1) to CIM_Chip.FormFactor, Memory Type (7.18.2) to
 // CIM_PhysicalMemory.MemoryType. Those that have no number there are 1, "Other".
-const CodeRow kFormFactors[] = {{0x01, 1},  {0x03, 7},  {0x04, 2},  {0x05, 1}, {0x06, 3},
-                                {0x07, 4},  {0x08, 6},  {0x09, 8},  {0x0A, 9}, {0x0B, 1},
-                                {0x0C, 11}, {0x0D, 12}, {0x0E, 13}, {0x0F, 1}, {0x10, 1}};
+const CodeRow kFormFactors[] = {{0x01, 1},  {0x03, 7}, {0x04, 2}, {0x05, 1}, {0x06, 3},  {0x07, 4},
+                                {0x08, 6},  {0x09, 8}, {0x0A, 9}, {0x0B, 1}, {0x0C, 11}, {0x0D, 12},
+                                {0x0E, 13}, {0x0F, 1}, {0x10, 1}, {0x11, 1}};
 const CodeRow kMemoryTypes[] = {
     {0x01, 1},  {0x03, 2},  {0x04, 6},  {0x05, 7},  {0x06, 8},  {0x07, 9},  {0x08, 10}, {0x09, 11},
     {0x0A, 12}, {0x0B, 13}, {0x0C, 14}, {0x0D, 15}, {0x0E, 16}, {0x0F, 17}, {0x10, 18}, {0x11, 19},
@@ -75,15 +75,15 @@ std::string_view ErrorCorrectionOf(const SmbiosStructure& array) {
 
 bool IsEmptySocket(const SmbiosStructure& device) { return device.Word(0x0C) == 0; }
 
-// Size (7.18, 0Ch): FFFFh is unknown, 7FFFh stands for Extended Size (1Ch); the top bit says that
-// the rest counts KiB, not MiB.
+// Size (7.18, 0Ch): FFFFh is unknown, 7FFFh stands for Extended Size (1Ch), which has to state one;
+// the top bit says that the rest counts KiB, not MiB.
 std::optional<std::uint64_t> CapacityOf(const SmbiosStructure& device) {
   const std::optional<std::uint16_t> size = Known<std::uint16_t>(device.Word(0x0C), 0xFFFF, 0);
   if (!size) {
     return std::nullopt;
   }
   if (size == 0x7FFF && device.Dword(0x1C)) {
-    return std::uint64_t{*device.Dword(0x1C) & 0x7FFFFFFFu} << 20;
+    return Known<std::uint64_t>(std::uint64_t{*device.Dword(0x1C) & 0x7FFFFFFFu} << 20, 0);
   }
   return std::uint64_t{*size & 0x7FFFu} << (*size & 0x8000u ? 10 : 20);
 }
@@ -156,7 +156,8 @@ std::optional<std::uint64_t> MaximumKilobytes(const SmbiosStructure& array) {
   return bytes ? Known<std::uint64_t>(*bytes >> 10, 0) : std::nullopt;
 }
 
-// How much memory the modules of each array have; absent when one does not say it.
+// How much memory the modules of each array have; absent when one does not say it, or when it is
+// more than the number holds, as in no array that is.
 typedef std::unordered_map<std::uint16_t, std::optional<std::uint64_t> > ArrayBytes;
 
 void AddArray(NamespaceBuilder& builder, const MachineFacts& facts, const SmbiosStructure& array,
@@ -223,7 +224,9 @@ void AddModules(NamespaceBuilder& builder, const MachineFacts& facts, ArrayBytes
       const std::optional<std::uint64_t> bytes = CapacityOf(device);
       std::optional<std::uint64_t>& sum =
           arrayBytes->emplace(*array, std::uint64_t{0}).first->second;
-      sum = sum && bytes ? std::optional<std::uint64_t>(*sum + *bytes) : std::nullopt;
+      sum = sum && bytes && *bytes <= UINT64_MAX - *sum
+                ? std::optional<std::uint64_t>(*sum + *bytes)
+                : std::nullopt;
     }
   }
 }

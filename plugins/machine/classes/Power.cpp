@@ -76,7 +76,8 @@ void AddBattery(NamespaceBuilder& builder, const MachineFacts& facts,
   }
   // Milliwatt-hours, times a factor that came with SMBIOS 2.2.
   if (const auto capacity = Known<std::uint16_t>(battery.Word(0x0A), 0)) {
-    device.Set("DesignCapacity", *capacity * std::uint32_t{battery.Byte(0x15).value_or(1)});
+    device.Set("DesignCapacity",
+               Known<std::uint32_t>(*capacity * std::uint32_t{battery.Byte(0x15).value_or(1)}, 0));
   }
   PublishDevice(builder, device);
 }

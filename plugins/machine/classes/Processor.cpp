@@ -54,6 +54,10 @@ const std::uint16_t kOtherUpgrade = 1;
 const std::uint8_t kFamilyUnknown = 2;
 const std::uint8_t kFamilyInSecondField = 0xFE;
 
+// CPU Status (7.5, 18h, bits 2:0) has the numbers of CIM_Processor.CPUStatus; 5 and 6 are reserved
+// in both.
+const CodeRow kStatuses[] = {{1, 1}, {2, 2}, {3, 3}, {4, 4}, {7, 7}};
+
 std::string_view RoleOf(const SmbiosStructure& processor) {
   const std::size_t type = processor.Byte(0x05).value_or(0);
   const bool isKnown = type < sizeof(kRoles) / sizeof(kRoles[0]) && kRoles[type] != nullptr;
@@ -63,7 +67,7 @@ std::string_view RoleOf(const SmbiosStructure& processor) {
 std::optional<std::uint16_t> FamilyOf(const SmbiosStructure& processor) {
   const std::optional<std::uint8_t> family = processor.Byte(0x06);
   if (family == kFamilyInSecondField) {
-    return Known<std::uint16_t>(processor.Word(0x28), kFamilyUnknown);
+    return Known<std::uint16_t>(processor.Word(0x28), kFamilyUnknown, 0);
   }
   return As<std::uint16_t>(Known<std::uint8_t>(family, kFamilyUnknown, 0));
 }
@@ -127,10 +131,8 @@ Object AddDevice(NamespaceBuilder& builder, const MachineFacts& facts,
       .Set("CurrentClockSpeed", Megahertz(processor, 0x16))
       .Array("Characteristics", kUint16, CharacteristicsOf(processor))
       .Set("NumberOfEnabledCores", Count(processor, 0x24, 0x2C));
-  const std::optional<std::uint8_t> status = processor.Byte(0x18);
-  if (status) {
-    // CPU Status (7.5, 18h, bits 2:0) has the numbers of CIM_Processor.CPUStatus.
-    device.Set("CPUStatus", Known<std::uint16_t>(static_cast<std::uint16_t>(*status & 7u), 0));
+  if (const std::optional<std::uint8_t> status = processor.Byte(0x18)) {
+    device.Set("CPUStatus", Translate(kStatuses, *status & 7u));
   }
   return PublishDevice(builder, device);
 }

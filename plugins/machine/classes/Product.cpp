@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include <plugins/machine/classes/BaseClasses.h>
 #include <plugins/machine/classes/Families.h>
 
 namespace machine {
@@ -13,7 +14,7 @@ const PropertyRow kProductProperties[] = {{"Name", kString, kKey},
                                           {"IdentifyingNumber", kString, kKey},
                                           {"Vendor", kString, kKey},
                                           {"Version", kString, kKey}};
-const ClassRow kProduct("CIM_Product", nullptr, kProductProperties);
+const ClassRow kProduct("CIM_Product", &kManagedElement, kProductProperties);
 
 const PropertyRow kZrvProductProperties[] = {{"Build", kUint32}};
 const ClassRow kZrvProduct("ZRVSG_QDAProduct", &kProduct, kZrvProductProperties);

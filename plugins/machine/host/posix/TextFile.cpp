@@ -1,6 +1,7 @@
 #include <plugins/machine/host/posix/TextFile.h>
 
 #include <dirent.h>
+#include <errno.h>
 #include <fcntl.h>
 #include <limits.h>
 #include <sys/stat.h>
@@ -30,6 +31,10 @@ std::optional<std::string> ReadFileText(const std::string& path, std::size_t mos
     const ssize_t count = read(file.Get(), block, sizeof block);
     if (count == 0) {
       return text;
+    }
+    // Drivers that make the text of a file of sysfs may be interrupted.
+    if (count < 0 && errno == EINTR) {
+      continue;
     }
     if (count < 0 || text.size() + static_cast<std::size_t>(count) > mostBytes) {
       return std::nullopt;
