@@ -135,18 +135,21 @@ class TOSSpecific {
   // namesake stays. A failure ends the copy at once: what was copied stays, and the search of
   // each directory that was being read stays open, which is meant.
   //
-  // Ends for certain and stays inside `target`: the target, and a directory that is being copied,
-  // is not entered when it turns up below `source`. On Linux a link to a directory (when
+  // Ends for certain: the target, and a directory that is being copied, is not entered when it
+  // turns up below `source`. On Linux it also stays inside `target`: a link to a directory (when
   // `recursive`), and a link to nothing, becomes the same link; a link to a file becomes the
   // file. A link that stands in `target` where a file or link goes is replaced; where a directory
-  // goes the copy fails (kQDAStatusFileSystemError).
+  // goes the copy fails (kQDAStatusFileSystemError). On Windows links and junctions are what they
+  // lead to, on both sides, so a link in `target` is written through. An empty path is the root
+  // directory.
   //
   // Throws kQDAStatusFileSystemError when `source` or a directory below cannot be searched (then
   // its target has not been made), and what DirExists, CreateDir and FileCopy throw.
   QDACORE_EXPORT static void DirCopy(std::string source, std::string target, bool recursive);
 
   // The bare names of a directory's entries, in the order of the host, without those that begin
-  // with a dot. Throws kQDAStatusFileSystemError when it cannot be read, or not to its end.
+  // with a dot. An empty path is the root directory. Throws kQDAStatusFileSystemError when it
+  // cannot be read, or not to its end.
   QDACORE_EXPORT static std::vector<std::string> ListDir(std::string path);
 
   // In bytes. Throws
@@ -171,7 +174,8 @@ class TOSSpecific {
   // For a program whose caller expands no wildcards: `argv` with each argument that holds a "*"
   // replaced by the paths that match it, in the order of the host, directories and entries with a
   // dot among them; one that matches nothing stays as it is. "*" and "?" count in the last part
-  // only, and a "?" alone expands nothing.
+  // only, and a "?" alone expands nothing. On Windows matches have what stands up to the last
+  // backslash before them, and lack what stands between that and a "/".
   //
   // The array (count in `*newArgc`, no null behind it) and each string in it are the caller's and
   // come from malloc: each is released with free, on Windows that of the C runtime which this

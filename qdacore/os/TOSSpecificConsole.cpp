@@ -2,6 +2,7 @@
 
 #include <qdacore/host/Console.h>
 #include <qdacore/os/TOSSpecific.h>
+#include <qdacore/os/internal/CallerPath.h>
 
 namespace NZRVQDA20 {
 
@@ -10,7 +11,7 @@ bool TOSSpecific::IsKeyWaiting() { return host::HostConsole().IsKeyWaiting(); }
 int TOSSpecific::GetKeyboardChar() { return host::HostConsole().ReadKey(); }
 
 void TOSSpecific::LaunchTextEditor(std::string path) {
-  if (path.find('\0') != std::string::npos) {
+  if (HoldsNul(path)) {
     return;
   }
   host::Console& console = host::HostConsole();

@@ -13,6 +13,7 @@ namespace NZRVQDA20 {
 
 namespace {
 
+// An empty path becomes the root directory, which is meant.
 std::string WithSeparatorAtEnd(const std::string& path) {
   const bool hasOne = !path.empty() && path.back() == host::PathSeparator();
   return hasOne ? path : path + host::PathSeparator();

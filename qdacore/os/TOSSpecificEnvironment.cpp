@@ -2,6 +2,7 @@
 
 #include <qdacore/host/Environment.h>
 #include <qdacore/os/TOSSpecific.h>
+#include <qdacore/os/internal/CallerPath.h>
 
 namespace NZRVQDA20 {
 
@@ -11,14 +12,11 @@ namespace {
 const unsigned long kVariableNotFound = 203;
 const unsigned long kInvalidParameter = 87;
 
-// The system would take the text in front of it for the whole, and so another variable.
-bool HasNul(const std::string& text) { return text.find('\0') != std::string::npos; }
-
 }  // namespace
 
 std::string TOSSpecific::GetEnvironment(std::string name) {
   std::string value;
-  const host::Outcome read = HasNul(name)
+  const host::Outcome read = HoldsNul(name)
                                  ? host::Outcome{host::Situation::kOther, kVariableNotFound}
                                  : host::HostEnvironment().Read(name, value);
   if (!read.Done()) {
@@ -29,7 +27,7 @@ std::string TOSSpecific::GetEnvironment(std::string name) {
 }
 
 bool TOSSpecific::PutEnvironment(std::string name, std::string value) {
-  const host::Outcome written = HasNul(name) || HasNul(value)
+  const host::Outcome written = HoldsNul(name) || HoldsNul(value)
                                     ? host::Outcome{host::Situation::kOther, kInvalidParameter}
                                     : host::HostEnvironment().Write(name, value);
   if (!written.Done()) {

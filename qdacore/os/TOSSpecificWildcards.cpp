@@ -13,7 +13,9 @@ namespace NZRVQDA20 {
 
 namespace {
 
-// Up to and including the last separator; empty when there is none.
+// Up to and including the last separator; empty when there is none. On a host whose separator is
+// the backslash a slash is none here, though the host takes it for one, and this is meant: what
+// stands before it is then missing from the matches.
 std::string DirectoryPart(const std::string& argument) {
   std::size_t end = argument.size();
   while (end > 0 && !IsSeparator(argument[end - 1])) {

@@ -11,6 +11,7 @@
 #include <tests/host/FaultyFiles.h>
 #include <tests/host/HostFakes.h>
 #include <tests/support/ExpectStatus.h>
+#include <tests/support/LogCapture.h>
 #include <tests/support/TemporaryFolder.h>
 
 namespace {
@@ -46,9 +47,10 @@ std::string StatusOfFileCopy(const host::Outcome& failure) {
 }
 
 // Runs `operation` with each host call failing in each way; `expected` tells from the failed call
-// and its failure which status has to come. Nothing may stay open.
+// and its failure which status has to come. Nothing may stay open, and nothing is logged.
 template <class Operation, class Expected>
 void FailEverything(int calls, Operation operation, Expected expected) {
+  const LogCapture log;
   for (const host::Outcome& failure : AllFailures()) {
     EXPECT_EQ(calls, FailEachCall(failure, [&](FaultPlan& plan) {
                 FaultyFiles files(plan);
@@ -60,6 +62,7 @@ void FailEverything(int calls, Operation operation, Expected expected) {
                 EXPECT_EQ(0u, files.OpenSearches());
               }));
   }
+  EXPECT_EQ(Names(), log.Lines());
 }
 
 TEST(FailingHost, CreateDir) {
@@ -115,6 +118,49 @@ TEST(FailingHost, GetCurrentDir) {
   FailEverything(
       1, [] { EXPECT_NE("", TOSSpecific::GetCurrentDir()); },
       [](const std::string&, const host::Outcome&) { return kFileSystemError; });
+}
+
+// Says that the directory has `length` characters, and leaves `left` in the buffer.
+class LongDirectory final : public ForwardingFiles {
+ public:
+  explicit LongDirectory(const std::string& left) : fLeft(left) {}
+  std::size_t CurrentDirectory(char* buffer, std::size_t size) override {
+    EXPECT_EQ(261u, size);
+    fLeft.copy(buffer, size);
+    return 300;
+  }
+
+ private:
+  const std::string fLeft;
+};
+
+TEST(GetCurrentDir, DirectoryThatIsTooLongIsWhatTheHostLeavesInTheBuffer) {
+  for (const std::string& left : {std::string(), std::string("left"), std::string(260, 'x')}) {
+    LongDirectory files(left);
+    host::Replacements replacements;
+    replacements.files = &files;
+    const ScopedHost host(replacements);
+    EXPECT_EQ(left, TOSSpecific::GetCurrentDir());
+  }
+  LongDirectory files(std::string(261, 'x'));
+  host::Replacements replacements;
+  replacements.files = &files;
+  const ScopedHost host(replacements);
+  EXPECT_EQ(std::string(260, 'x'), TOSSpecific::GetCurrentDir());
+}
+
+TEST(Searches, BeginWithThePathAndASeparator) {
+  FakeFiles files;
+  host::Replacements replacements;
+  replacements.files = &files;
+  const ScopedHost host(replacements);
+  for (const char* const path : {"a", ""}) {
+    EXPECT_STATUS(kQDAStatusFileSystemError, TOSSpecific::ListDir(path));
+    EXPECT_STATUS(kQDAStatusFileSystemError, TOSSpecific::DirCopy(path, "target", true));
+  }
+  EXPECT_STATUS(kQDAStatusFileSystemError, TOSSpecific::DirCopy("a\\", "target", true));
+  // Without a path that is the root directory.
+  EXPECT_EQ((Names{"a|*", "a|*", "|*", "|*", "a|*"}), files.searches);
 }
 
 TEST(FailingHost, ListDir) {
@@ -188,6 +234,7 @@ DirCopyRun ExpectedOf(const std::string& call, const host::Outcome& failure, std
 }
 
 TEST(FailingHost, DirCopyLeavesSearchesOpenOnlyFromInsideTheirLoops) {
+  const LogCapture log;
   for (const host::Outcome& failure : AllFailures()) {
     Names calls;
     FailEachCall(failure, [&](FaultPlan& plan) {
@@ -218,6 +265,7 @@ TEST(FailingHost, DirCopyLeavesSearchesOpenOnlyFromInsideTheirLoops) {
     EXPECT_EQ(3, std::count(calls.begin(), calls.end(), "Identify"));
     EXPECT_EQ(6, std::count(calls.begin(), calls.end(), "FindNext"));
   }
+  EXPECT_EQ(Names(), log.Lines());
 }
 
 }  // namespace

@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include <qdacore/os/TOSSpecific.h>
+#include <tests/os/FileAids.h>
 #include <tests/support/ChildProcess.h>
 #include <tests/support/ExpectStatus.h>
 #include <tests/support/OpenHandles.h>
@@ -19,6 +19,7 @@
 namespace {
 
 using namespace NZRVQDA20;
+using namespace file_aids;
 using namespace test_support;
 namespace fs = std::filesystem;
 
@@ -32,13 +33,6 @@ const int kMany = 300;
 #else
 const int kMany = 10000;
 #endif
-
-std::string Bytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
-}
 
 Names Sorted(Names names) {
   std::sort(names.begin(), names.end());
@@ -230,6 +224,25 @@ TEST(FilesAndDirectories, LeaveNothingOpen) {
   const int before = CountOpenHandles();
   all();
   EXPECT_EQ(before, CountOpenHandles());
+}
+
+TEST(FilesAndDirectories, BlanksAndBytesAboveAsciiArePartsOfAName) {
+  for (const std::string& name : {std::string("  two blanks first"), std::string("a, b; c=[d]"),
+                                  std::string("\xC3\x84\xE9\xFF"), std::string(150, 'n')}) {
+    SCOPED_TRACE(name);
+    TemporaryFolder folder;
+    const std::string in = folder.MakeFolder("in");
+    const std::string path = folder.PathOf("in/") + name;
+    TOSSpecific::FileCopy(folder.Write("file", "text"), path);
+    EXPECT_EQ(Names{name}, TOSSpecific::ListDir(in));
+    EXPECT_TRUE(TOSSpecific::FileExists(path));
+    EXPECT_EQ(4u, TOSSpecific::GetFileSize(path));
+    TOSSpecific::CreateDir(folder.PathOf("out"));
+    TOSSpecific::CreateDir(folder.PathOf("out/") + name);
+    EXPECT_TRUE(TOSSpecific::DirExists(folder.PathOf("out/") + name));
+    TOSSpecific::DirCopy(folder.PathOf("out"), in + "2", true);
+    EXPECT_EQ(Names{name}, TOSSpecific::ListDir(in + "2"));
+  }
 }
 
 TEST(FilesAndDirectories, ManyEntriesAreListedAndCopied) {

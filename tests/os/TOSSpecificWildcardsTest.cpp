@@ -94,6 +94,13 @@ TEST_F(Wildcards, OtherArgumentsStayAsTheyAre) {
   EXPECT_EQ(kept, Expanded(kept));
 }
 
+// Only a backslash ends the prefix; the host itself takes a slash for a separator everywhere.
+#if defined(_WIN32)
+const char kBehindASlash[] = "<inner.c>";
+#else
+const char kBehindASlash[] = "<sub.txt/inner.c>";
+#endif
+
 QDACORE_CHILD(ExpandsItsArguments) {
   for (const std::string& argument : Sorted(Expanded(arguments))) {
     std::printf("<%s>", argument.c_str());
@@ -107,6 +114,13 @@ TEST_F(Wildcards, WithoutAPrefixTheCurrentDirectoryIsSearched) {
       RunProgram(OwnProgram(), {"--run-as-child", "ExpandsItsArguments", "one*", "sub.txt\\in*"},
                  {}, fFolder.Path())
           .output);
+}
+
+TEST_F(Wildcards, SlashEndsThePrefixOnlyWhereItIsTheHostsSeparator) {
+  EXPECT_EQ(kBehindASlash,
+            RunProgram(OwnProgram(), {"--run-as-child", "ExpandsItsArguments", "sub.txt/in*"}, {},
+                       fFolder.Path())
+                .output);
 }
 
 TEST(ExpandCommandLineWildcards, NoArgumentsAreAnEmptyArray) {

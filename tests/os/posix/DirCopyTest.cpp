@@ -98,6 +98,14 @@ TEST_F(LinksInDirCopy, LinkDoesNotReplaceAFileOrADirectory) {
   EXPECT_EQ("kept", ReadTextFile(fFolder.PathOf("target/directory/kept")));
 }
 
+TEST_F(LinksInDirCopy, LinkThatLeadsToItselfEndsTheCopy) {
+  fs::remove_all(fFolder.PathOf("source"));
+  fFolder.MakeFolder("source");
+  Link("itself", "source/itself");
+  EXPECT_EQ("kQDAStatusFileSystemError", CopyStatus(fFolder));
+  EXPECT_EQ(Names(), Tree(fFolder.PathOf("target")));
+}
+
 TEST_F(LinksInDirCopy, LinksThatTheCallerNamesAreFollowed) {
   Link("source", "from");
   fFolder.MakeFolder("real");
