@@ -77,6 +77,11 @@ TEST(NamesOnPosix, CopiedEntryNeverLeavesTheTarget) {
   EXPECT_FALSE(PathExists(folder.PathOf("dir")));
 }
 
+TEST(NamesOnPosix, NoNameIsTheRootForASearchOnly) {
+  EXPECT_EQ(TOSSpecific::ListDir("/"), TOSSpecific::ListDir(""));
+  EXPECT_FALSE(TOSSpecific::DirExists(""));
+}
+
 TEST(NamesOnPosix, TooLongANameIsAFileSystemError) {
   TemporaryFolder folder;
   const std::string path = folder.PathOf(std::string(256, 'n'));
