@@ -1,8 +1,10 @@
 #include "TextFuzz.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <sstream>
 #include <string>
 
 #include <qdacore/cim/object/ICIMClass.h>
@@ -12,6 +14,7 @@
 #include <qdacore/cim/value/TCIMReference.h>
 #include <qdacore/frame/TQDAException.h>
 #include <qdamemory/MemoryNamespace.h>
+#include <qdamemory/Mof.h>
 #include <qdamemory/StandardQualifiers.h>
 
 namespace fuzz_text {
@@ -75,6 +78,18 @@ bool HoldsBareClass(const TCIMReference& reference, bool nested) {
   return found || (nested && !hasKeys);
 }
 
+bool HasInclude(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  return text.find("include") != std::string::npos;
+}
+
+std::string Written(const boost::shared_ptr<ICIMNamespace>& ns) {
+  std::ostringstream output;
+  WriteMof(ns, output);
+  return output.str();
+}
+
 }  // namespace
 
 void FuzzDateTime(const std::uint8_t* data, std::size_t size) {
@@ -114,6 +129,26 @@ void FuzzObjectPath(const std::uint8_t* data, std::size_t size) {
   }
   const TCIMReference again(ns, text, TContext());
   Require(again.GetPath() == text, "a printed path prints the same again");
+}
+
+void FuzzMof(const std::uint8_t* data, std::size_t size) {
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  if (HasInclude(text)) {
+    return;
+  }
+  const boost::shared_ptr<ICIMNamespace> ns = CreateMemoryNamespace("fuzz");
+  MofProblem problem;
+  try {
+    ReadMofText(ns, text, "fuzz.mof", &problem);
+  } catch (const TQDAException&) {
+    Require(problem.line > 0 && problem.column > 0 && !problem.reason.empty(),
+            "a problem has a place and a reason");
+  }
+  // What was made before a problem is as good as what has none.
+  const std::string written = Written(ns);
+  const boost::shared_ptr<ICIMNamespace> again = CreateMemoryNamespace("again");
+  ReadMofText(again, written, "again.mof", nullptr);
+  Require(Written(again) == written, "written MOF reads back and is written the same");
 }
 
 }  // namespace fuzz_text

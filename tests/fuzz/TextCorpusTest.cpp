@@ -33,7 +33,7 @@ void Replay(const std::vector<std::string>& inputs, OneInput run) {
 }
 
 std::string Mutated(std::string text, std::mt19937& random) {
-  const std::string marks = "0019:+-.=\",\\xRC \n\xFF";
+  const std::string marks = "0019:+-.={}[]();'\",\\xRC \n\xFF";
   for (unsigned changes = 1 + random() % 3; changes > 0; --changes) {
     const std::size_t at = random() % (text.size() + 1);
     const char mark = marks[random() % marks.size()];
@@ -55,9 +55,9 @@ std::string Mutated(std::string text, std::mt19937& random) {
   return text;
 }
 
-void ReplayMutations(const std::vector<std::string>& inputs, OneInput run) {
+void ReplayMutations(const std::vector<std::string>& inputs, OneInput run, int rounds = 20000) {
   std::mt19937 random(20240102);
-  for (int round = 0; round < 20000; ++round) {
+  for (int round = 0; round < rounds; ++round) {
     Replay({Mutated(inputs[random() % inputs.size()], random)}, run);
   }
 }
@@ -74,6 +74,14 @@ TEST(TextCorpus, ObjectPathsKeepTheirPromises) {
   ASSERT_EQ(17u, inputs.size());
   Replay(inputs, fuzz_text::FuzzObjectPath);
   ReplayMutations(inputs, fuzz_text::FuzzObjectPath);
+}
+
+TEST(TextCorpus, MofKeepsItsPromises) {
+  const std::vector<std::string> inputs = Corpus("mof");
+  ASSERT_EQ(8u, inputs.size());
+  Replay(inputs, fuzz_text::FuzzMof);
+  // Each makes two namespaces, so there are fewer.
+  ReplayMutations(inputs, fuzz_text::FuzzMof, 2000);
 }
 
 }  // namespace
