@@ -42,20 +42,21 @@ TMemoryClass::~TMemoryClass() {
 boost::shared_ptr<ICIMQualifier> TMemoryClass::AddQualifier(
     boost::shared_ptr<ICIMQualifierDecl> declaration, const TCIMValue& value, TContext) {
   RequireOpen();
-  const TQualifierList::TNode* node = fQualifiers.Add(*this, declaration, value);
-  if (node->decl->Meaning() == TMemoryQualifierDecl::kAssociation) {
-    fIsAssociation = IsTrue(node->Value());
-  } else if (node->decl->Meaning() == TMemoryQualifierDecl::kAbstract) {
-    fIsAbstract = IsTrue(node->Value());
+  TMemoryQualifier* qualifier = fQualifiers.Add(*this, declaration, value);
+  if (qualifier->Decl()->Meaning() == TMemoryQualifierDecl::kAssociation) {
+    fIsAssociation = IsTrue(qualifier->Value());
+  } else if (qualifier->Decl()->Meaning() == TMemoryQualifierDecl::kAbstract) {
+    fIsAbstract = IsTrue(qualifier->Value());
   }
-  return TQualifierList::Share(*this, node);
+  return TQualifierList::Share(*this, qualifier);
 }
 
 boost::shared_ptr<ICIMQualifier> TMemoryClass::GetQualifier(const std::string& name,
                                                             TContext) const {
   // Unlike on a declaration, absence is an empty pointer here and no failure.
-  const TQualifierList::TNode* node = fQualifiers.Find(name);
-  return node == 0 ? boost::shared_ptr<ICIMQualifier>() : TQualifierList::Share(*this, node);
+  TMemoryQualifier* qualifier = fQualifiers.Find(name);
+  return qualifier == 0 ? boost::shared_ptr<ICIMQualifier>()
+                        : TQualifierList::Share(*this, qualifier);
 }
 
 void TMemoryClass::EnumerateQualifiers(

@@ -183,6 +183,9 @@ void TMemoryClass::SettleKeys() {
   }
   bool changed = false;
   fProperties.ForEach([&slots, &changed](const TMemoryPropertyDecl& decl) {
+    if (!decl.IsKey() && slots.empty()) {
+      return;
+    }
     const std::vector<std::uint32_t>::iterator found =
         std::find(slots.begin(), slots.end(), decl.Slot());
     if (decl.IsKey() && found == slots.end()) {

@@ -13,6 +13,7 @@ TMemoryInstance::TMemoryInstance(const boost::shared_ptr<TMemoryClass>& cls)
     : fClass(cls),
       fProperties(cls->InstanceProperties()),
       fValues(static_cast<std::uint32_t>(fProperties.Size())),
+      fNextSlot(0),
       fSerial(0) {}
 
 boost::shared_ptr<ICIMClass> TMemoryInstance::GetClass(TContext) const { return fClass; }
@@ -26,8 +27,21 @@ boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& 
   return boost::make_shared<TMemoryProperty>(shared_from_this(), decl->Slot());
 }
 
+const TMemoryPropertyDecl* TMemoryInstance::FindToSet(const std::string& name) {
+  const TMemoryPropertyDecl* decl = 0;
+  if (fNextSlot < fProperties.Size() && IsSameText(DeclAt(fNextSlot)->Name(), name)) {
+    decl = DeclAt(fNextSlot);
+  } else {
+    decl = fProperties.Find(name, HashCIMName(name));
+  }
+  if (decl != 0) {
+    fNextSlot = decl->Slot() + 1;
+  }
+  return decl;
+}
+
 void TMemoryInstance::SetProperty(const std::string& name, const TCIMValue& value, TContext) {
-  const TMemoryPropertyDecl* decl = fProperties.Find(name, HashCIMName(name));
+  const TMemoryPropertyDecl* decl = FindToSet(name);
   if (decl == 0) {
     Fail(TQDAStatusCode::kQDAStatusNotFound);
   }

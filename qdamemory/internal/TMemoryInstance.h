@@ -41,10 +41,15 @@ class TMemoryInstance final : public ICIMInstance,
   void SetSerial(std::uint64_t serial) { fSerial = serial; }
 
  private:
+  // Null when there is none.
+  const TMemoryPropertyDecl* FindToSet(const std::string& name);
+
   boost::shared_ptr<TMemoryClass> fClass;
   // The class's own, by slot.
   const TNameTable<TMemoryPropertyDecl>& fProperties;
   TValueSlots fValues;
+  // Behind the property that was set last: who fills an instance mostly goes through them in order.
+  std::uint32_t fNextSlot;
   std::uint64_t fSerial;
 };
 

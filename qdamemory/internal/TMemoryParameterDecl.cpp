@@ -21,11 +21,11 @@ boost::shared_ptr<ICIMQualifier> TMemoryParameterDecl::AddQualifier(
 
 boost::shared_ptr<ICIMQualifier> TMemoryParameterDecl::GetQualifier(const std::string& name,
                                                                     TContext) const {
-  const TQualifierList::TNode* node = fQualifiers.Find(name);
-  if (node == 0) {
+  TMemoryQualifier* qualifier = fQualifiers.Find(name);
+  if (qualifier == 0) {
     Fail(TQDAStatusCode::kQDAStatusNotFound);
   }
-  return TQualifierList::Share(fClass, node);
+  return TQualifierList::Share(fClass, qualifier);
 }
 
 void TMemoryParameterDecl::EnumerateQualifiers(

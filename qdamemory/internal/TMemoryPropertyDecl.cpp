@@ -31,20 +31,20 @@ boost::shared_ptr<ICIMQualifier> TMemoryPropertyDecl::AddQualifier(
   if (fIsCommitted) {
     Fail(TQDAStatusCode::kQDAStatusInvalidOpSequence);
   }
-  const TQualifierList::TNode* node = fQualifiers.Add(fClass, declaration, value);
-  if (node->decl->Meaning() == TMemoryQualifierDecl::kKey) {
-    fIsKey = IsTrue(node->Value());
+  TMemoryQualifier* qualifier = fQualifiers.Add(fClass, declaration, value);
+  if (qualifier->Decl()->Meaning() == TMemoryQualifierDecl::kKey) {
+    fIsKey = IsTrue(qualifier->Value());
   }
-  return TQualifierList::Share(fClass, node);
+  return TQualifierList::Share(fClass, qualifier);
 }
 
 boost::shared_ptr<ICIMQualifier> TMemoryPropertyDecl::GetQualifier(const std::string& name,
                                                                    TContext) const {
-  const TQualifierList::TNode* node = fQualifiers.Find(name);
-  if (node == 0) {
+  TMemoryQualifier* qualifier = fQualifiers.Find(name);
+  if (qualifier == 0) {
     Fail(TQDAStatusCode::kQDAStatusNotFound);
   }
-  return TQualifierList::Share(fClass, node);
+  return TQualifierList::Share(fClass, qualifier);
 }
 
 void TMemoryPropertyDecl::EnumerateQualifiers(

@@ -26,6 +26,9 @@ TMemoryPropertyDecl* TPropertyDeclList::At(std::uint32_t position) const {
 }
 
 TMemoryPropertyDecl* TPropertyDeclList::Find(const std::string& name, std::uint32_t hash) const {
+  if ((fSeen & SeenBit(hash)) == 0) {
+    return 0;
+  }
   if (fTable) {
     return fTable->Find(name, hash);
   }
@@ -66,6 +69,7 @@ TMemoryPropertyDecl* TPropertyDeclList::Add(TMemoryClass& cls, const std::string
     fLast = added.release();
   }
   ++fSize;
+  fSeen |= SeenBit(hash);
   return decl;
 }
 

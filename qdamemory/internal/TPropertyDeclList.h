@@ -18,7 +18,7 @@ namespace NZRVQDA20 {
 
 class TPropertyDeclList {
  public:
-  TPropertyDeclList() : fFirst(0), fLast(0), fSize(0) {}
+  TPropertyDeclList() : fFirst(0), fLast(0), fSize(0), fSeen(0) {}
   ~TPropertyDeclList();
 
   std::uint32_t Size() const { return fSize; }
@@ -66,9 +66,15 @@ class TPropertyDeclList {
 
   void BuildTable();
 
+  // One bit of 64, by the hash.
+  static std::uint64_t SeenBit(std::uint32_t hash) { return std::uint64_t(1) << (hash & 63); }
+
   TBlock* fFirst;
   TBlock* fLast;
   std::uint32_t fSize;
+  // The bits of all in the list. Most names that are asked for are new, and most of those fail
+  // here.
+  std::uint64_t fSeen;
   // Once there are more than kLarge, which is a multiple of kBlockSize.
   std::unique_ptr<TNameTable<TMemoryPropertyDecl> > fTable;
 };

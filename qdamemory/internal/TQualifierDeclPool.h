@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <qdamemory/internal/TMemoryQualifierDecl.h>
@@ -18,7 +19,7 @@
 
 namespace NZRVQDA20 {
 
-class TQualifierDeclPool {
+class TQualifierDeclPool : public boost::enable_shared_from_this<TQualifierDeclPool> {
  public:
   TQualifierDeclPool();
 

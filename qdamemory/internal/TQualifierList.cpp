@@ -2,13 +2,10 @@
 
 #include <cstddef>
 
-#include <boost/make_shared.hpp>
-
 #include <qdamemory/internal/CIMName.h>
 #include <qdamemory/internal/Fail.h>
 #include <qdamemory/internal/KeyText.h>
 #include <qdamemory/internal/TMemoryClass.h>
-#include <qdamemory/internal/TMemoryQualifier.h>
 #include <qdamemory/internal/TMemoryQualifierDecl.h>
 #include <qdamemory/internal/TQualifierDeclPool.h>
 
@@ -16,40 +13,41 @@ namespace NZRVQDA20 {
 
 TQualifierList::~TQualifierList() {
   while (fFirst != 0) {
-    TNode* next = fFirst->next;
+    TMemoryQualifier* next = fFirst->fNext;
     delete fFirst;
     fFirst = next;
   }
 }
 
-const TQualifierList::TNode* TQualifierList::Add(
-    const TMemoryClass& cls, const boost::shared_ptr<ICIMQualifierDecl>& declaration,
-    const TCIMValue& value) {
+TMemoryQualifier* TQualifierList::Add(const TMemoryClass& cls,
+                                      const boost::shared_ptr<ICIMQualifierDecl>& declaration,
+                                      const TCIMValue& value) {
   const TMemoryQualifierDecl* decl = dynamic_cast<const TMemoryQualifierDecl*>(declaration.get());
   if (decl == 0 || decl->Pool() != cls.DeclPool().get()) {
     Fail(TQDAStatusCode::kQDAStatusContainerMismatch);
   }
   decl->RequireType(value);
-  TNode** end = &fFirst;
-  for (; *end != 0; end = &(*end)->next) {
-    if ((*end)->decl == decl) {
+  TMemoryQualifier** end = &fFirst;
+  for (; *end != 0; end = &(*end)->fNext) {
+    if ((*end)->fDecl == decl) {
       Fail(TQDAStatusCode::kQDAStatusAlreadyExists);
     }
   }
   if (fParent != 0 && decl->IsFixedBelow()) {
-    const TNode* inherited = fParent->Find(decl->Name());
+    TMemoryQualifier* inherited = fParent->Find(decl->Name());
     if (inherited != 0 && !SameKeyText(inherited->Value(), value)) {
       Fail(TQDAStatusCode::kQDAStatusNotOverridable);
     }
   }
-  *end = new TNode(decl, value);
+  *end = new TMemoryQualifier(decl, value);
   return *end;
 }
 
-const TQualifierList::TNode* TQualifierList::Find(const std::string& name) const {
+TMemoryQualifier* TQualifierList::Find(const std::string& name) const {
   for (const TQualifierList* list = this; list != 0; list = list->fParent) {
-    for (const TNode* node = list->fFirst; node != 0; node = node->next) {
-      if ((list == this || node->decl->IsInherited()) && EqualCIMNames(node->decl->Name(), name)) {
+    for (TMemoryQualifier* node = list->fFirst; node != 0; node = node->fNext) {
+      if ((list == this || node->Decl()->IsInherited()) &&
+          EqualCIMNames(node->Decl()->Name(), name)) {
         return node;
       }
     }
@@ -57,18 +55,19 @@ const TQualifierList::TNode* TQualifierList::Find(const std::string& name) const
   return 0;
 }
 
-boost::shared_ptr<ICIMQualifier> TQualifierList::Share(const TMemoryClass& cls, const TNode* node) {
-  return boost::make_shared<TMemoryQualifier>(cls.shared_from_this(), node);
+boost::shared_ptr<ICIMQualifier> TQualifierList::Share(const TMemoryClass& cls,
+                                                       TMemoryQualifier* qualifier) {
+  return boost::shared_ptr<ICIMQualifier>(cls.shared_from_this(), qualifier);
 }
 
 void TQualifierList::Enumerate(
     const TMemoryClass& cls, boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& visit) const {
   const boost::shared_ptr<const TMemoryClass> guard = cls.shared_from_this();
-  const TNode* last = fFirst;
-  while (last != 0 && last->next != 0) {
-    last = last->next;
+  TMemoryQualifier* last = fFirst;
+  while (last != 0 && last->fNext != 0) {
+    last = last->fNext;
   }
-  for (const TNode* node = fFirst; node != 0; node = node->next) {
+  for (TMemoryQualifier* node = fFirst; node != 0; node = node->fNext) {
     if (!visit(Share(cls, node)) || node == last) {
       return;
     }
@@ -76,8 +75,8 @@ void TQualifierList::Enumerate(
 }
 
 void TQualifierList::Release() {
-  for (TNode* node = fFirst; node != 0; node = node->next) {
-    node->shared.Release();
+  for (TMemoryQualifier* node = fFirst; node != 0; node = node->fNext) {
+    node->fShared.Release();
   }
 }
 
