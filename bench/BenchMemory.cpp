@@ -22,7 +22,7 @@ typedef boost::shared_ptr<ICIMNamespace> TNamespace;
 typedef boost::shared_ptr<ICIMClass> TClass;
 
 // How many a namespace takes before the next one is begun, outside the time.
-const std::size_t kRound = 4096;
+const std::size_t kRound = 1024;
 
 struct TProperty {
   std::string name;

@@ -17,6 +17,7 @@
 #include <qdacore/cim/object/ICIMQualifierDecl.h>
 #include <qdacore/cim/object/TAddToVectorCallback.h>
 #include <qdacore/cim/object/TCIMCopy.h>
+#include <qdacore/cim/object/internal/CopiedValue.h>
 #include <qdacore/cim/object/internal/EmptyContext.h>
 #include <qdacore/cim/object/internal/TCopySchemaCallbacks.h>
 #include <qdacore/frame/TQDAException.h>
@@ -162,8 +163,8 @@ bool TCopyQualifier::operator()(shared_ptr<ICIMQualifier> source) {
   const shared_ptr<ICIMNamespace> target = fTarget.lock();
   const shared_ptr<ICIMQualifierDecl> declaration =
       target->GetQualifierDecl(sourceDeclaration->GetName(TEmptyContext()), TEmptyContext());
-  const TCIMValue value = TCIMCopy::CopyValue(source->GetValue(TEmptyContext()), target);
-  fElement.lock()->AddQualifier(declaration, value, TEmptyContext())->Commit(TEmptyContext());
+  const TCopiedValue value(source->GetValue(TEmptyContext()), fTarget);
+  fElement.lock()->AddQualifier(declaration, value.Get(), TEmptyContext())->Commit(TEmptyContext());
   return true;
 }
 
@@ -172,9 +173,9 @@ bool TCopyPropertyDecl::operator()(shared_ptr<ICIMPropertyDecl> source) {
   if (HasPropertyDecl(*fClass, name) && !IsOverride(*source)) {
     return true;
   }
-  const TCIMValue value =
-      TCIMCopy::CopyValue(source->GetDefaultValue(TEmptyContext()), fTarget.lock());
-  const shared_ptr<ICIMPropertyDecl> copy = fClass->AddPropertyDecl(name, value, TEmptyContext());
+  const TCopiedValue value(source->GetDefaultValue(TEmptyContext()), fTarget);
+  const shared_ptr<ICIMPropertyDecl> copy =
+      fClass->AddPropertyDecl(name, value.Get(), TEmptyContext());
   CopyQualifiers(*source, copy, fTarget);
   copy->Commit(TEmptyContext());
   return true;
@@ -182,9 +183,9 @@ bool TCopyPropertyDecl::operator()(shared_ptr<ICIMPropertyDecl> source) {
 
 bool TCopyStaticProperty::operator()(shared_ptr<ICIMProperty> source) {
   // Unlike an instance's, a static value is set also when it is null.
-  const TCIMValue value = TCIMCopy::CopyValue(source->GetValue(TEmptyContext()), fTarget.lock());
+  const TCopiedValue value(source->GetValue(TEmptyContext()), fTarget);
   const shared_ptr<const ICIMPropertyDecl> declaration = source->GetPropertyDecl(TEmptyContext());
-  fClass->SetStaticProperty(declaration->GetName(TEmptyContext()), value, TEmptyContext());
+  fClass->SetStaticProperty(declaration->GetName(TEmptyContext()), value.Get(), TEmptyContext());
   return true;
 }
 

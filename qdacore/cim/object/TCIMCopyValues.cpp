@@ -9,6 +9,7 @@
 #include <qdacore/cim/object/ICIMProperty.h>
 #include <qdacore/cim/object/ICIMPropertyDecl.h>
 #include <qdacore/cim/object/TCIMCopy.h>
+#include <qdacore/cim/object/internal/CopiedValue.h>
 #include <qdacore/cim/object/internal/EmptyContext.h>
 #include <qdacore/cim/object/internal/TCopyValueCallbacks.h>
 #include <qdacore/cim/value/TCIMReference.h>
@@ -55,7 +56,7 @@ TCIMValue TCIMCopy::CopyValue(const TCIMValue& value, shared_ptr<ICIMNamespace> 
 }
 
 bool TCopyReferenceKeys::operator()(std::pair<std::string, TCIMValue> binding) {
-  fReference->AddKeyValue(binding.first, TCIMCopy::CopyValue(binding.second, fTarget.lock()));
+  fReference->AddKeyValue(binding.first, TCopiedValue(binding.second, fTarget).Get());
   return true;
 }
 
@@ -80,6 +81,6 @@ bool TCopyInstanceProperty::operator()(shared_ptr<ICIMProperty> property) {
   }
   const shared_ptr<const ICIMPropertyDecl> declaration = property->GetPropertyDecl(TEmptyContext());
   const std::string& name = declaration->GetName(TEmptyContext());
-  fInstance->SetProperty(name, TCIMCopy::CopyValue(value, fTarget.lock()), TEmptyContext());
+  fInstance->SetProperty(name, TCopiedValue(value, fTarget).Get(), TEmptyContext());
   return true;
 }
