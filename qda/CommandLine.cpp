@@ -1,6 +1,6 @@
 #include <qda/CommandLine.h>
 
-#include <iostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -65,8 +65,9 @@ std::function<int()> ParseCommandLine(int argc, char** argv, RunOptions* run, in
     app.parse(argc, argv);
     return chosen;
   } catch (const CLI::Success& done) {
-    app.exit(done);
-    *exitCode = std::cout.flush() ? kExitDone : kExitFailed;
+    std::ostringstream text;
+    app.exit(done, text, text);
+    *exitCode = PrintResult(text.str()) ? kExitDone : kExitFailed;
   } catch (const CLI::RequiredError& error) {
     const std::vector<std::string> unknown = app.remaining();
     if (!app.get_subcommands().empty()) {

@@ -11,8 +11,8 @@ namespace qda {
 
 // Reads the command line into `*run` and gives what runs the command, which lives no longer than
 // `*run`. Empty when there is nothing more to do: help or the version has been printed to standard
-// output (`*exitCode` is kExitDone, or kExitFailed when that cannot be written), or what is wrong
-// to standard error (kExitWrongUsage).
+// output (`*exitCode` is kExitDone, or kExitFailed, with a message, when that cannot be written),
+// or what is wrong to standard error (kExitWrongUsage).
 std::function<int()> ParseCommandLine(int argc, char** argv, RunOptions* run, int* exitCode);
 
 }  // namespace qda

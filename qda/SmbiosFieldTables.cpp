@@ -15,6 +15,20 @@ const SmbiosFieldRow kBios[] = {
     {"BIOS Starting Address Segment", 0x06, 2, Hexadecimal, kNone},
     {"BIOS Release Date", 0x08, 1, Text, kNone},
     {"BIOS ROM Size", 0x09, 1, BiosRomSize, kNone},
+    {"BIOS Characteristics",
+     0x0A,
+     8,
+     BiosCharacteristics,
+     {4,
+      "ISA|MCA|EISA|PCI|PC card (PCMCIA)|Plug and Play|APM|Upgradeable|Shadowing|VLB|ESCD|"
+      "Boot from CD|Selectable boot|ROM is socketed|Boot from PC card|EDD|"
+      "Japanese floppy for NEC 9800 1.2 MB|Japanese floppy for Toshiba 1.2 MB|"
+      "5.25\"/360 kB floppy|5.25\"/1.2 MB floppy|3.5\"/720 kB floppy|3.5\"/2.88 MB floppy|"
+      "Print screen|8042 keyboard|Serial|Printer|CGA/mono video|NEC PC-98|"
+      "#40|ACPI|USB legacy|AGP|I2O boot|LS-120 boot|ATAPI Zip drive boot|IEEE 1394 boot|"
+      "Smart battery|BIOS boot specification|Function key-initiated network boot|"
+      "Targeted content distribution|UEFI|Virtual machine|Manufacturing mode is supported|"
+      "Manufacturing mode is enabled"}},
     {"System BIOS Release", 0x14, 2, Release, kNone},
     {"Embedded Controller Firmware Release", 0x16, 2, Release, kNone},
 };
@@ -59,7 +73,7 @@ const SmbiosFieldRow kChassis[] = {
     {"Type",
      0x05,
      1,
-     NameOfLow7Bits,
+     NameAt<0, 7>,
      {1,
       "Other|Unknown|Desktop|Low Profile Desktop|Pizza Box|Mini Tower|Tower|Portable|Laptop|"
       "Notebook|Hand Held|Docking Station|All in One|Sub Notebook|Space-saving|Lunch Box|"
@@ -91,6 +105,7 @@ const SmbiosFieldRow kProcessor[] = {
      1,
      Name,
      {1, "Other|Unknown|Central Processor|Math Processor|DSP Processor|Video Processor"}},
+    {"Processor Family", 0x06, 1, ProcessorFamily, {1, kProcessorFamilies}},
     {"Processor Manufacturer", 0x07, 1, Text, kNone},
     {"Processor ID", 0x08, 8, ProcessorId, kNone},
     {"Processor Version", 0x10, 1, Text, kNone},
@@ -112,6 +127,13 @@ const SmbiosFieldRow kProcessor[] = {
     {"Core Count", 0x23, 1, ProcessorCount, {0x2A, ""}},
     {"Core Enabled", 0x24, 1, ProcessorCount, {0x2C, ""}},
     {"Thread Count", 0x25, 1, ProcessorCount, {0x2E, ""}},
+    {"Processor Characteristics",
+     0x26,
+     2,
+     SetBits,
+     {2,
+      "64-bit Capable|Multi-Core|Hardware Thread|Execute Protection|Enhanced Virtualization|"
+      "Power/Performance Control|128-bit Capable|Arm64 SoC ID"}},
 };
 
 const SmbiosFieldRow kCache[] = {
@@ -262,6 +284,14 @@ const SmbiosFieldRow kMemoryDevice[] = {
       "SGRAM|RDRAM|DDR|DDR2|DDR2 FB-DIMM|#18"
       "|DDR3|FBD2|DDR4|LPDDR|LPDDR2|LPDDR3|LPDDR4|Logical non-volatile device|HBM|HBM2|DDR5|"
       "LPDDR5|HBM3"}},
+    {"Type Detail",
+     0x13,
+     2,
+     SetBits,
+     {1,
+      "Other|Unknown|Fast-paged|Static Column|Pseudo-static|RAMBUS|Synchronous|CMOS|EDO|"
+      "Window DRAM|Cache DRAM|Non-volatile|Registered (Buffered)|Unbuffered (Unregistered)|"
+      "LRDIMM"}},
     {"Speed", 0x15, 2, MemorySpeed, {0x54, ""}},
     {"Manufacturer", 0x17, 1, Text, kNone},
     {"Serial Number", 0x18, 1, Text, kNone},
@@ -269,7 +299,19 @@ const SmbiosFieldRow kMemoryDevice[] = {
     {"Part Number", 0x1A, 1, Text, kNone},
     {"Rank", 0x1B, 1, MemoryRank, kNone},
     {"Configured Memory Speed", 0x20, 2, MemorySpeed, {0x58, ""}},
+    {"Minimum Voltage", 0x22, 2, Millivolts, kNone},
+    {"Maximum Voltage", 0x24, 2, Millivolts, kNone},
     {"Configured Voltage", 0x26, 2, Millivolts, kNone},
+    {"Memory Technology",
+     0x28,
+     1,
+     Name,
+     {1, "Other|Unknown|DRAM|NVDIMM-N|NVDIMM-F|NVDIMM-P|Intel Optane persistent memory"}},
+    {"Firmware Version", 0x2B, 1, Text, kNone},
+    {"Non-volatile Size", 0x34, 8, ByteSize, kNone},
+    {"Volatile Size", 0x3C, 8, ByteSize, kNone},
+    {"Cache Size", 0x44, 8, ByteSize, kNone},
+    {"Logical Size", 0x4C, 8, ByteSize, kNone},
 };
 
 const SmbiosFieldRow kArrayAddress[] = {
@@ -286,15 +328,6 @@ const SmbiosFieldRow kDeviceAddress[] = {
     {"Memory Array Mapped Address Handle", 0x0E, 2, Handle, kNone},
 };
 
-const SmbiosFieldRow kBattery[] = {
-    {"Location", 0x04, 1, Text, kNone},         {"Manufacturer", 0x05, 1, Text, kNone},
-    {"Manufacture Date", 0x06, 1, Text, kNone}, {"Serial Number", 0x07, 1, Text, kNone},
-    {"Device Name", 0x08, 1, Text, kNone},
-};
-
-// Voltage, temperature and electrical current probes.
-const SmbiosFieldRow kProbe[] = {{"Description", 0x04, 1, Text, kNone}};
-
 const SmbiosFieldRow kBoot[] = {
     {"Boot Status",
      0x0A,
@@ -305,13 +338,6 @@ const SmbiosFieldRow kBoot[] = {
       "Firmware-detected hardware failure|Operating system-detected hardware failure|"
       "User-requested boot|System security violation|Previously-requested image|"
       "System watchdog timer expired"}},
-};
-
-const SmbiosFieldRow kManagementComponent[] = {
-    {"Description", 0x04, 1, Text, kNone},
-    {"Management Device Handle", 0x05, 2, Handle, kNone},
-    {"Component Handle", 0x07, 2, Handle, kNone},
-    {"Threshold Handle", 0x09, 2, Handle, kNone},
 };
 
 const SmbiosFieldRow kIpmi[] = {
@@ -327,20 +353,12 @@ const SmbiosFieldRow kIpmi[] = {
     {"Base Address", 0x08, 8, BmcAddress, kNone},
 };
 
-const SmbiosFieldRow kPowerSupply[] = {
-    {"Power Unit Group", 0x04, 1, Count, kNone},   {"Location", 0x05, 1, Text, kNone},
-    {"Device Name", 0x06, 1, Text, kNone},         {"Manufacturer", 0x07, 1, Text, kNone},
-    {"Serial Number", 0x08, 1, Text, kNone},       {"Asset Tag Number", 0x09, 1, Text, kNone},
-    {"Model Part Number", 0x0A, 1, Text, kNone},   {"Revision Level", 0x0B, 1, Text, kNone},
-    {"Max Power Capacity", 0x0C, 2, Watts, kNone},
-};
-
 const SmbiosFieldRow kOnboardDevice[] = {
     {"Reference Designation", 0x04, 1, Text, kNone},
     {"Device Type",
      0x05,
      1,
-     NameOfLow7Bits,
+     NameAt<0, 7>,
      {1,
       "Other|Unknown|Video|SCSI Controller|Ethernet|Token Ring|Sound|PATA Controller|"
       "SATA Controller|SAS Controller|Wireless LAN|Bluetooth|WWAN|eMMC|NVMe Controller|"
@@ -350,28 +368,15 @@ const SmbiosFieldRow kOnboardDevice[] = {
     {"PCI Address", 0x07, 4, PciAddress, kNone},
 };
 
-const SmbiosFieldRow kTpm[] = {
-    {"Vendor ID", 0x04, 4, VendorId, kNone},
-    {"Specification Version", 0x08, 2, Release, kNone},
-    {"Description", 0x12, 1, Text, kNone},
-};
-
-// Strings of type 11 and 12 have no rows: all of the set are shown.
-
-template <std::size_t count>
-constexpr SmbiosTypeRow Rows(unsigned int type, const SmbiosFieldRow (&rows)[count]) {
-  return {type, rows, count};
-}
+// Types 10, 11, 12 and 14 are lists, which SmbiosStructure.cpp reads. Batteries, sensors, power and
+// what manages the machine stand in SmbiosPlatformTables.cpp.
 
 const SmbiosTypeRow kTypes[] = {
-    Rows(0, kBios),          Rows(1, kSystem),        Rows(2, kBoard),
-    Rows(3, kChassis),       Rows(4, kProcessor),     Rows(7, kCache),
-    Rows(8, kPort),          Rows(9, kSlot),          Rows(16, kMemoryArray),
-    Rows(17, kMemoryDevice), Rows(19, kArrayAddress), Rows(20, kDeviceAddress),
-    Rows(22, kBattery),      Rows(26, kProbe),        Rows(28, kProbe),
-    Rows(29, kProbe),        Rows(32, kBoot),         Rows(35, kManagementComponent),
-    Rows(38, kIpmi),         Rows(39, kPowerSupply),  Rows(41, kOnboardDevice),
-    Rows(43, kTpm),
+    RowsOf(0, kBios),          RowsOf(1, kSystem),        RowsOf(2, kBoard),
+    RowsOf(3, kChassis),       RowsOf(4, kProcessor),     RowsOf(7, kCache),
+    RowsOf(8, kPort),          RowsOf(9, kSlot),          RowsOf(16, kMemoryArray),
+    RowsOf(17, kMemoryDevice), RowsOf(19, kArrayAddress), RowsOf(20, kDeviceAddress),
+    RowsOf(32, kBoot),         RowsOf(38, kIpmi),         RowsOf(41, kOnboardDevice),
 };
 
 const char* const kTypeNames[] = {
@@ -432,7 +437,7 @@ const SmbiosTypeRow* FieldsOfType(unsigned int type) {
       return &row;
     }
   }
-  return nullptr;
+  return FieldsOfPlatformType(type);
 }
 
 const char* NameOfType(unsigned int type) {

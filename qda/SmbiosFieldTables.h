@@ -16,8 +16,16 @@ struct SmbiosTypeRow {
   std::size_t count;
 };
 
+template <std::size_t count>
+constexpr SmbiosTypeRow RowsOf(unsigned int type, const SmbiosFieldRow (&rows)[count]) {
+  return {type, rows, count};
+}
+
 // Null when the type is not decoded.
 const SmbiosTypeRow* FieldsOfType(unsigned int type);
+
+// The same for batteries, sensors, power and what manages the machine only.
+const SmbiosTypeRow* FieldsOfPlatformType(unsigned int type);
 
 // The name of a type, known or not: "Memory Device", "OEM-specific", "Unknown".
 const char* NameOfType(unsigned int type);

@@ -1,4 +1,5 @@
-// Kinds of fields that several types have. Those of one type stand in SmbiosShowTypes.cpp.
+// Kinds of fields that several types have. Those of one type stand in SmbiosShowTypes.cpp and
+// SmbiosShowPlatform.cpp.
 
 #include <qda/SmbiosShow.h>
 
@@ -10,12 +11,24 @@
 
 namespace qda {
 
+using show::Number;
+
 namespace {
 
-std::uint64_t Number(const SmbiosView& view, const SmbiosFieldRow& row) {
-  std::uint64_t number = 0;
-  view.Number(row.offset, row.width, &number);
-  return number;
+std::uint64_t AllOnes(const SmbiosFieldRow& row) {
+  return ~std::uint64_t{0} >> (64 - 8 * row.width);
+}
+
+std::string Decimals(std::int64_t number, const SmbiosNames& unit) {
+  std::string text = std::to_string(number < 0 ? -number : number);
+  if (text.size() <= unit.first) {
+    text.insert(0, unit.first + 1 - text.size(), '0');
+  }
+  if (unit.first > 0) {
+    text.insert(text.size() - unit.first, ".");
+  }
+  const char* const blank = *unit.names == '\0' ? "" : " ";
+  return (number < 0 ? "-" : "") + text + blank + unit.names;
 }
 
 std::optional<std::string> Measured(std::uint64_t number, const char* unit) {
@@ -27,7 +40,7 @@ std::optional<std::string> Measured(std::uint64_t number, const char* unit) {
 
 }  // namespace
 
-std::string NameOf(const SmbiosNames& names, std::uint64_t number) {
+std::string_view FindName(const SmbiosNames& names, std::uint64_t number) {
   const std::string_view all = names.names;
   std::uint64_t at = names.first;
   for (std::size_t begin = 0; begin < all.size();) {
@@ -36,13 +49,18 @@ std::string NameOf(const SmbiosNames& names, std::uint64_t number) {
     if (!name.empty() && name[0] == '#') {
       at = std::strtoul(std::string(name.substr(1)).c_str(), nullptr, 16);
     } else if (at == number && !name.empty()) {
-      return std::string(name);
+      return name;
     } else {
       ++at;
     }
     begin = end + 1;
   }
-  return fmt::format("0x{:02X}", number);
+  return {};
+}
+
+std::string NameOf(const SmbiosNames& names, std::uint64_t number) {
+  const std::string_view name = FindName(names, number);
+  return name.empty() ? fmt::format("0x{:02X}", number) : std::string(name);
 }
 
 std::string ExactSizeText(std::uint64_t bytes) {
@@ -79,12 +97,22 @@ std::optional<std::string> Name(const SmbiosView& view, const SmbiosFieldRow& ro
   return NameOf(row.names, Number(view, row));
 }
 
-std::optional<std::string> NameOfLow3Bits(const SmbiosView& view, const SmbiosFieldRow& row) {
-  return NameOf(row.names, Number(view, row) & 7);
+std::optional<std::string> NameOfBits(const SmbiosView& view, const SmbiosFieldRow& row,
+                                      unsigned int lowest, unsigned int bits) {
+  return NameOf(row.names, Number(view, row) >> lowest & ((1u << bits) - 1));
 }
 
-std::optional<std::string> NameOfLow7Bits(const SmbiosView& view, const SmbiosFieldRow& row) {
-  return NameOf(row.names, Number(view, row) & 0x7F);
+std::optional<std::string> SetBits(const SmbiosView& view, const SmbiosFieldRow& row) {
+  const std::uint64_t set = Number(view, row);
+  std::string text;
+  for (unsigned int bit = 0; bit < 8 * row.width; ++bit) {
+    const std::string_view name =
+        (set >> bit & 1) != 0 ? FindName(row.names, bit) : std::string_view();
+    if (!name.empty()) {
+      text += (text.empty() ? "" : ", ") + std::string(name);
+    }
+  }
+  return text.empty() ? "None" : text;
 }
 
 std::optional<std::string> HighBit(const SmbiosView& view, const SmbiosFieldRow& row) {
@@ -124,6 +152,10 @@ std::optional<std::string> Millivolts(const SmbiosView& view, const SmbiosFieldR
   return Measured(Number(view, row), "mV");
 }
 
+std::optional<std::string> Bytes(const SmbiosView& view, const SmbiosFieldRow& row) {
+  return Measured(Number(view, row), "bytes");
+}
+
 std::optional<std::string> Bits(const SmbiosView& view, const SmbiosFieldRow& row) {
   const std::uint64_t bits = Number(view, row);
   return bits == 0xFFFF ? std::nullopt : Measured(bits, "bits");
@@ -135,6 +167,39 @@ std::optional<std::string> Count(const SmbiosView& view, const SmbiosFieldRow& r
     return std::nullopt;
   }
   return std::to_string(count);
+}
+
+std::optional<std::string> KnownDecimal(const SmbiosView& view, const SmbiosFieldRow& row) {
+  return Number(view, row) == AllOnes(row) ? std::nullopt : Decimal(view, row);
+}
+
+std::optional<std::string> Minutes(const SmbiosView& view, const SmbiosFieldRow& row) {
+  const std::optional<std::string> number = KnownDecimal(view, row);
+  return number ? *number + " min" : number;
+}
+
+std::optional<std::string> ByteSize(const SmbiosView& view, const SmbiosFieldRow& row) {
+  const std::uint64_t size = Number(view, row);
+  if (size == AllOnes(row)) {
+    return std::nullopt;
+  }
+  return size == 0 ? "None" : ExactSizeText(size);
+}
+
+std::optional<std::string> Signed(const SmbiosView& view, const SmbiosFieldRow& row) {
+  const std::int64_t number = static_cast<std::int64_t>(Number(view, row));
+  if (number == 0x8000) {
+    return std::nullopt;
+  }
+  return Decimals(number > 0x8000 ? number - 0x10000 : number, row.names);
+}
+
+std::optional<std::string> Unsigned(const SmbiosView& view, const SmbiosFieldRow& row) {
+  const std::int64_t number = static_cast<std::int64_t>(Number(view, row));
+  if (number == 0x8000) {
+    return std::nullopt;
+  }
+  return Decimals(number, row.names);
 }
 
 std::optional<std::string> PciAddress(const SmbiosView& view, const SmbiosFieldRow& row) {

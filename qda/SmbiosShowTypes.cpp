@@ -1,4 +1,4 @@
-// Fields that one type has. Chapters are those of DSP0134.
+// Fields that one type has: what the machine is made of. Chapters are those of DSP0134.
 
 #include <qda/SmbiosShow.h>
 
@@ -8,12 +8,6 @@ namespace qda {
 namespace show {
 
 namespace {
-
-std::uint64_t Number(const SmbiosView& view, const SmbiosFieldRow& row) {
-  std::uint64_t number = 0;
-  view.Number(row.offset, row.width, &number);
-  return number;
-}
 
 // KiB, or 64 KiB when the highest bit is set.
 std::uint64_t GranularSize(std::uint64_t number, std::uint64_t highestBit) {
@@ -34,6 +28,26 @@ std::optional<std::string> AddressOf(const SmbiosView& view, const SmbiosFieldRo
 }
 
 }  // namespace
+
+// 7.1.1 and 7.1.2: the field, unless its bit 3 says that it says nothing, and the extension bytes
+// at 12h and 13h, as bits 64 and 72 onwards of the names.
+std::optional<std::string> BiosCharacteristics(const SmbiosView& view, const SmbiosFieldRow& row) {
+  std::uint64_t extension = 0;
+  if (!view.Number(0x12, 2, &extension)) {
+    view.Number(0x12, 1, &extension);
+  }
+  const std::uint64_t base = Number(view, row);
+  const std::uint64_t parts[] = {(base & 8) != 0 ? 0 : base, extension};
+  std::string text;
+  for (unsigned int bit = 0; bit < 128; ++bit) {
+    const std::string_view name =
+        (parts[bit / 64] >> bit % 64 & 1) != 0 ? FindName(row.names, bit) : std::string_view();
+    if (!name.empty()) {
+      text += (text.empty() ? "" : ", ") + std::string(name);
+    }
+  }
+  return text.empty() ? std::optional<std::string>() : text;
+}
 
 // 7.1: 64 KiB each, from 1 on; FFh: the word at 18h, whose two highest bits tell the unit.
 std::optional<std::string> BiosRomSize(const SmbiosView& view, const SmbiosFieldRow& row) {
@@ -96,6 +110,15 @@ std::optional<std::string> ChassisSku(const SmbiosView& view, const SmbiosFieldR
   sku.width = 1;
   std::uint64_t string = 0;
   return view.Number(sku.offset, 1, &string) ? Text(view, sku) : std::nullopt;
+}
+
+// 7.5.2: FEh: the word at 28h has it.
+std::optional<std::string> ProcessorFamily(const SmbiosView& view, const SmbiosFieldRow& row) {
+  std::uint64_t family = Number(view, row);
+  if (family == 0xFE) {
+    view.Number(0x28, 2, &family);
+  }
+  return NameOf(row.names, family);
 }
 
 std::optional<std::string> ProcessorId(const SmbiosView& view, const SmbiosFieldRow& row) {
@@ -220,51 +243,6 @@ std::optional<std::string> StartAddress(const SmbiosView& view, const SmbiosFiel
 // The last byte, while the field has the last KiB.
 std::optional<std::string> EndAddress(const SmbiosView& view, const SmbiosFieldRow& row) {
   return AddressOf(view, row, 1023);
-}
-
-// 7.33.1: ranges for the vendor and for the product above the names.
-std::optional<std::string> BootStatus(const SmbiosView& view, const SmbiosFieldRow& row) {
-  const std::uint64_t status = Number(view, row);
-  if (status >= 192) {
-    return "Product-specific";
-  }
-  return status >= 128 ? "OEM-specific" : NameOf(row.names, status);
-}
-
-// 7.39: on the I2C bus, shifted by the direction bit.
-std::optional<std::string> SlaveAddress(const SmbiosView& view, const SmbiosFieldRow& row) {
-  return fmt::format("0x{:02X}", Number(view, row) >> 1);
-}
-
-// 7.39: the lowest bit says I/O or memory; its own value is in the highest two bits of 10h. An
-// SSIF has its slave address there.
-std::optional<std::string> BmcAddress(const SmbiosView& view, const SmbiosFieldRow& row) {
-  const std::uint64_t address = Number(view, row);
-  std::uint64_t type = 0;
-  std::uint64_t modifier = 0;
-  view.Number(4, 1, &type);
-  if (type == 4) {
-    return fmt::format("0x{:02X} (SMBus)", address >> 1);
-  }
-  const bool hasModifier = view.Number(0x10, 1, &modifier) && view.bytes[1] > 0x11;
-  const std::uint64_t low = hasModifier ? modifier >> 4 & 1 : 0;
-  return fmt::format("0x{:016X} ({})", (address & ~std::uint64_t{1}) | low,
-                     (address & 1) != 0 ? "I/O" : "memory-mapped");
-}
-
-std::optional<std::string> Watts(const SmbiosView& view, const SmbiosFieldRow& row) {
-  const std::uint64_t watts = Number(view, row);
-  if (watts == 0x8000) {
-    return std::nullopt;
-  }
-  return fmt::format("{} W", watts);
-}
-
-// 7.44: four characters of the TCG's, filled with zeros.
-std::optional<std::string> VendorId(const SmbiosView& view, const SmbiosFieldRow& row) {
-  std::string text(reinterpret_cast<const char*>(view.bytes) + row.offset, row.width);
-  text.erase(text.find_last_not_of('\0') + 1);
-  return text.empty() ? std::optional<std::string>() : text;
 }
 
 }  // namespace show

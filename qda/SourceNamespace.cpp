@@ -96,7 +96,10 @@ bool UseSmbiosDump(const std::string& file) {
   if (file.empty() || host::SetVariable("QDA_SMBIOS_DUMP", file)) {
     return true;
   }
-  Complain("the environment variable QDA_SMBIOS_DUMP cannot be set");
+  Complain(fmt::format(
+      "the SMBIOS dump \"{}\": the environment variable QDA_SMBIOS_DUMP cannot be set to "
+      "it (kQDAStatusFail)",
+      file));
   return false;
 }
 

@@ -108,7 +108,9 @@ bool PrintResult(const std::string& text) {
   if (Print(text)) {
     return true;
   }
-  Complain("standard output: the result cannot be written");
+  Complain(
+      "standard output: the result cannot be written (kQDAStatusFileSystemError); it is closed, or "
+      "there is no room left");
   return false;
 }
 

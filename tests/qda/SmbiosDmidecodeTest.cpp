@@ -39,16 +39,24 @@ struct Told {
 
 std::vector<Told> ToldBy(const Lines& lines) {
   std::vector<Told> all;
+  // The field whose lines follow it.
+  std::string* list = nullptr;
   for (const std::string& line : lines) {
     if (line.rfind("Handle 0x", 0) == 0) {
       all.push_back({line, {}});
+      list = nullptr;
     } else if (!all.empty() && line.size() > 1 && line[0] == '\t' && line[1] != '\t') {
       const std::size_t colon = line.find(':');
       if (colon != std::string::npos) {
         const std::size_t value = line.find_first_not_of(' ', colon + 1);
         all.back().fields[line.substr(1, colon - 1)] =
             value == std::string::npos ? "" : line.substr(value);
+        list = value == std::string::npos ? &all.back().fields[line.substr(1, colon - 1)] : nullptr;
       }
+    } else if (list != nullptr && line.rfind("\t\t", 0) == 0) {
+      *list += (list->empty() ? "" : ", ") + line.substr(2);
+    } else {
+      list = nullptr;
     }
   }
   return all;
@@ -61,6 +69,7 @@ std::string ItsName(int type, const std::string& name) {
       {{0, "BIOS Starting Address Segment"}, ""},
       {{0, "BIOS Release Date"}, "Release Date"},
       {{0, "BIOS ROM Size"}, "ROM Size"},
+      {{0, "BIOS Characteristics"}, "Characteristics"},
       {{0, "System BIOS Release"}, "BIOS Revision"},
       {{0, "Embedded Controller Firmware Release"}, "Firmware Revision"},
       {{2, "Product"}, "Product Name"},
@@ -69,6 +78,8 @@ std::string ItsName(int type, const std::string& name) {
       {{3, "Asset Tag Number"}, "Asset Tag"},
       {{3, "Number of Power Cords"}, "Number Of Power Cords"},
       {{4, "Processor Type"}, "Type"},
+      {{4, "Processor Characteristics"}, "Characteristics"},
+      {{4, "Processor Family"}, "Family"},
       {{4, "Processor Manufacturer"}, "Manufacturer"},
       {{4, "Processor ID"}, "ID"},
       {{4, "Processor Version"}, "Version"},
@@ -82,6 +93,10 @@ std::string ItsName(int type, const std::string& name) {
       {{9, "Slot Data Bus Width"}, "Type"},
       {{9, "Slot Length"}, "Length"},
       {{9, "PCI Address"}, "Bus Address"},
+      {{13, "Current Language"}, "Currently Installed Language"},
+      {{15, "Log Area Length"}, "Area Length"},
+      {{15, "Log Change Token"}, "Change Token"},
+      {{15, "Log Status"}, "Status"},
       {{16, "Memory Error Correction"}, "Error Correction Type"},
       {{16, "Number of Memory Devices"}, "Number Of Devices"},
       {{17, "Physical Memory Array Handle"}, "Array Handle"},
@@ -89,13 +104,30 @@ std::string ItsName(int type, const std::string& name) {
       {{17, "Memory Type"}, "Type"},
       {{19, "Memory Array Handle"}, "Physical Array Handle"},
       {{20, "Memory Device Handle"}, "Physical Device Handle"},
+      {{17, "Non-volatile Size"}, "Non-Volatile Size"},
+      {{18, "Error Granularity"}, "Granularity"},
+      {{18, "Error Operation"}, "Operation"},
+      {{18, "Error Type"}, "Type"},
+      {{21, "Number of Buttons"}, "Buttons"},
+      {{22, "Device Chemistry"}, "Chemistry"},
       {{22, "Device Name"}, "Name"},
+      {{22, "SBDS Device Chemistry"}, "SBDS Chemistry"},
+      {{22, "SBDS Version Number"}, "SBDS Version"},
+      {{24, "Power-on Password Status"}, "Power-On Password Status"},
+      {{27, "Device Type"}, "Type"},
       {{32, "Boot Status"}, "Status"},
+      {{33, "Error Granularity"}, "Granularity"},
+      {{33, "Error Operation"}, "Operation"},
+      {{33, "Error Type"}, "Type"},
+      {{37, "Channel Type"}, "Type"},
+      {{37, "Maximum Channel Load"}, "Maximal Load"},
+      {{37, "Memory Device Count"}, "Devices"},
       {{38, "IPMI Specification Revision"}, "Specification Version"},
       {{39, "Device Name"}, "Name"},
       {{39, "Asset Tag Number"}, "Asset Tag"},
       {{39, "Revision Level"}, "Revision"},
       {{41, "Device Type"}, "Type"},
+      {{42, "Interface Type"}, "Host Interface Type"},
       {{41, "Enabled"}, "Status"},
       {{41, "Device Type Instance"}, "Type Instance"},
       {{41, "PCI Address"}, "Bus Address"},
@@ -136,7 +168,10 @@ bool SaysNothing(const std::string& text) {
                                               "Unspecified",
                                               "Not Provided",
                                               "Not Present",
-                                              "Not Settable"};
+                                              "Not Settable",
+                                              "Unknown Or Non-rotating",
+                                              "0 bytes",
+                                              "1980-00-00"};
   return words.count(text) == 1;
 }
 
@@ -150,6 +185,10 @@ std::string ItsWords(const std::string& ours) {
       {"MXM Type III (HE connector)", "MXM Type III-HE"},
       {"MXM Type III (standard connector)", "MXM Type III"},
       {"Multi-system Chassis", "Multi-system"},
+      {"Network Host Interface", "Network"},
+      {"OEM-defined", "OEM"},
+      {"Plug and Play", "PNP"},
+      {"Pentium Extreme Edition", "Pentium EE"},
       {"PCI - 66MHz Capable", "PCI-66"},
       {"PCI Express 6 and Beyond", "PCI Express 6+"},
       {"Processor Card Slot", "Processor Card"},
@@ -161,7 +200,8 @@ std::string ItsWords(const std::string& ours) {
 
 // Version 3.4 of it does not know them.
 bool IsNewerThanIt(const std::string& ours) {
-  return ours == "Thunderbolt" || ours == "HBM3" || ours == "MFDP (Multi-Function Display Port)";
+  return ours == "Thunderbolt" || ours == "HBM3" || ours == "ARMv9" || ours == "Arm64 SoC ID" ||
+         ours == "LoongArch" || ours == "MFDP (Multi-Function Display Port)";
 }
 
 bool EndsWith(const std::string& text, const std::string& ending) {
@@ -187,15 +227,48 @@ bool SameSize(const std::string& ours, const std::string& its) {
          our.first < it.first + it.second;
 }
 
+std::vector<std::string> Split(const std::string& list) {
+  std::vector<std::string> parts;
+  for (std::size_t begin = 0; begin < list.size();) {
+    const std::size_t end = std::min(list.find(", ", begin), list.size());
+    parts.push_back(list.substr(begin, end - begin));
+    begin = end + 2;
+  }
+  return parts;
+}
+
+// "PCI, Upgradeable" and "PCI is supported, BIOS is upgradeable".
+bool SameList(const std::string& ours, const std::string& its) {
+  const std::vector<std::string> our = Split(ours);
+  std::vector<std::string> it = Split(its);
+  if (!it.empty() && it[0] == "BIOS characteristics not supported") {
+    it.erase(it.begin());
+  }
+  return std::equal(our.begin(), our.end(), it.begin(), it.end(),
+                    [](const std::string& left, const std::string& right) {
+                      return Plain(right).find(Plain(ItsWords(left))) != std::string::npos;
+                    });
+}
+
 // Whether its words say what ours do.
 bool Agree(int type, const std::string& name, const nlohmann::json& value, const std::string& its) {
   if (value.is_null()) {
     // A count of FFh that another field should tell, and does not.
-    return SaysNothing(its) || (type == 4 && EndsWith(name, "Count") && its == "0");
+    return SaysNothing(its) || (type == 43 && its == "255.255") ||
+           (type == 0 && its == "BIOS characteristics not supported") ||
+           (type == 4 && EndsWith(name, "Count") && its == "0");
   }
   std::string ours = value;
-  if (its.find("OUT OF SPEC") != std::string::npos &&
-      (ours.find("0x") != std::string::npos || IsNewerThanIt(ours))) {
+  // A range has one name there.
+  const bool isNameless = its.find("OUT OF SPEC") != std::string::npos ||
+                          (type == 15 && its == "OEM-specific") || (type == 42 && its == "MCTP");
+  if (isNameless && (ours.find("0x") != std::string::npos || IsNewerThanIt(ours))) {
+    return true;
+  }
+  if (type == 0 && name == "BIOS Characteristics") {
+    return SameList(ours, its);
+  }
+  if ((ours == "None" || IsNewerThanIt(ours)) && SaysNothing(its)) {
     return true;
   }
   if (SameSize(ours, its) || (type == 17 && its == "Reserved")) {
@@ -223,9 +296,17 @@ bool Agree(int type, const std::string& name, const nlohmann::json& value, const
     // "x8 PCI Express 3" for an x8 slot of "PCI Express Gen 3".
     Replace(&ours, "Gen ", "");
     return EndsWith(Plain(its), Plain(ItsWords(ours)));
+  } else if (type == 22 && name == "SBDS Serial Number") {
+    ours.erase(0, 2);
+  } else if (type == 34 && name == "Description") {
+    // Some firmware counts the string's first bytes into the formatted area. It knows of that.
+    return EndsWith(its, ours);
+  } else if (type == 21 && ours == "HP-HIL") {
+    // It has a slip there.
+    ours = "HIP-HIL";
   } else if (type == 8) {
     Replace(&ours, " pin ", " ");
-  } else if (type == 17 && name == "Configured Voltage") {
+  } else if (type == 17 && EndsWith(name, "Voltage")) {
     const int millivolts = std::atoi(ours.c_str());
     return std::lround(1000 * std::atof(its.c_str())) == millivolts;
   }
@@ -293,13 +374,18 @@ TEST(SmbiosDmidecode, AgreesOnEveryValueOfEveryEnumeration) {
     std::size_t length;
     std::size_t offset;
   };
-  const Row rows[] = {{1, 0x1B, 0x18},  {2, 0x0F, 0x0D},  {3, 0x15, 0x05},  {3, 0x15, 0x09},
-                      {3, 0x15, 0x0A},  {3, 0x15, 0x0B},  {3, 0x15, 0x0C},  {4, 0x30, 0x05},
-                      {4, 0x30, 0x11},  {7, 0x13, 0x10},  {7, 0x13, 0x11},  {7, 0x13, 0x12},
-                      {7, 0x13, 0x05},  {8, 0x09, 0x05},  {8, 0x09, 0x08},  {9, 0x11, 0x05},
-                      {9, 0x11, 0x06},  {9, 0x11, 0x07},  {9, 0x11, 0x08},  {16, 0x17, 0x04},
-                      {16, 0x17, 0x05}, {16, 0x17, 0x06}, {17, 0x28, 0x0E}, {17, 0x28, 0x12},
-                      {32, 0x0B, 0x0A}, {38, 0x12, 0x04}, {41, 0x0B, 0x05}, {4, 0x30, 0x18}};
+  const Row rows[] = {
+      {1, 0x1B, 0x18},  {2, 0x0F, 0x0D},  {3, 0x15, 0x05},  {3, 0x15, 0x09},  {3, 0x15, 0x0A},
+      {3, 0x15, 0x0B},  {3, 0x15, 0x0C},  {4, 0x30, 0x05},  {4, 0x30, 0x11},  {7, 0x13, 0x10},
+      {7, 0x13, 0x11},  {7, 0x13, 0x12},  {7, 0x13, 0x05},  {8, 0x09, 0x05},  {8, 0x09, 0x08},
+      {9, 0x11, 0x05},  {9, 0x11, 0x06},  {9, 0x11, 0x07},  {9, 0x11, 0x08},  {16, 0x17, 0x04},
+      {16, 0x17, 0x05}, {16, 0x17, 0x06}, {17, 0x28, 0x0E}, {17, 0x28, 0x12}, {32, 0x0B, 0x0A},
+      {38, 0x12, 0x04}, {41, 0x0B, 0x05}, {4, 0x30, 0x18},  {4, 0x30, 0x06},  {13, 0x16, 0x05},
+      {15, 0x14, 0x0A}, {15, 0x14, 0x0B}, {17, 0x54, 0x28}, {18, 0x17, 0x04}, {18, 0x17, 0x05},
+      {18, 0x17, 0x06}, {21, 0x07, 0x04}, {21, 0x07, 0x05}, {22, 0x1A, 0x09}, {23, 0x0D, 0x04},
+      {24, 0x05, 0x04}, {26, 0x16, 0x05}, {27, 0x0F, 0x06}, {28, 0x16, 0x05}, {29, 0x16, 0x05},
+      {30, 0x06, 0x05}, {33, 0x1F, 0x04}, {34, 0x0B, 0x05}, {34, 0x0B, 0x0A}, {37, 0x07, 0x04},
+      {39, 0x16, 0x0E}, {39, 0x16, 0x0F}, {42, 0x0B, 0x04}, {45, 0x18, 0x16}};
   const TemporaryFolder folder;
   for (const Row& row : rows) {
     SCOPED_TRACE("type " + std::to_string(row.type) + ", offset " + std::to_string(row.offset));
@@ -331,7 +417,18 @@ TEST(SmbiosDmidecode, AgreesOnNumbers) {
       {7, 0x13, 0x09, 2},  {7, 0x13, 0x0F, 1},  {9, 0x11, 0x0D, 4},  {16, 0x17, 0x07, 4},
       {17, 0x28, 0x08, 2}, {17, 0x28, 0x0C, 2}, {17, 0x28, 0x1B, 1}, {17, 0x5C, 0x15, 2},
       {17, 0x28, 0x26, 2}, {19, 0x1F, 0x04, 4}, {19, 0x1F, 0x08, 4}, {38, 0x12, 0x05, 1},
-      {38, 0x12, 0x06, 1}, {39, 0x16, 0x0C, 2}, {41, 0x0B, 0x07, 4}};
+      {38, 0x12, 0x06, 1}, {39, 0x16, 0x0C, 2}, {41, 0x0B, 0x07, 4}, {0, 0x18, 0x0A, 4},
+      {0, 0x18, 0x12, 2},  {4, 0x30, 0x26, 2},  {13, 0x16, 0x04, 1}, {15, 0x14, 0x04, 2},
+      {15, 0x14, 0x0C, 4}, {17, 0x54, 0x13, 2}, {17, 0x54, 0x22, 2}, {17, 0x54, 0x24, 2},
+      {17, 0x54, 0x34, 4}, {17, 0x54, 0x3C, 4}, {17, 0x54, 0x48, 4}, {22, 0x1A, 0x0A, 2},
+      {22, 0x1A, 0x0C, 2}, {22, 0x1A, 0x12, 2}, {26, 0x16, 0x06, 2}, {26, 0x16, 0x08, 2},
+      {26, 0x16, 0x0A, 2}, {26, 0x16, 0x0C, 2}, {26, 0x16, 0x0E, 2}, {26, 0x16, 0x14, 2},
+      {27, 0x0F, 0x04, 2}, {27, 0x0F, 0x0C, 2}, {28, 0x16, 0x06, 2}, {28, 0x16, 0x08, 2},
+      {28, 0x16, 0x0A, 2}, {28, 0x16, 0x0C, 2}, {28, 0x16, 0x0E, 2}, {28, 0x16, 0x14, 2},
+      {29, 0x16, 0x06, 2}, {29, 0x16, 0x0A, 2}, {29, 0x16, 0x0C, 2}, {29, 0x16, 0x14, 2},
+      {34, 0x0B, 0x06, 4}, {37, 0x07, 0x05, 1}, {36, 0x10, 0x04, 2}, {36, 0x10, 0x06, 2},
+      {36, 0x10, 0x08, 2}, {36, 0x10, 0x0A, 2}, {36, 0x10, 0x0C, 2}, {36, 0x10, 0x0E, 2},
+      {43, 0x1F, 0x08, 2}, {43, 0x1F, 0x0A, 4}, {45, 0x18, 0x0C, 4}};
   const unsigned int values[] = {0,          1,          2,         8,       0x7F,     0x80,
                                  0xFF,       0x400,      0x4000,    0x7FFE,  0x7FFF,   0x8000,
                                  0x8200,     0xFFFE,     0xFFFF,    0x10000, 0x800000, 0x7FFFFFFF,

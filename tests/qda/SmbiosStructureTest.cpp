@@ -124,6 +124,97 @@ TEST(SmbiosStructureTest, FindsTheChassisSkuBehindTheContainedElements) {
   EXPECT_EQ("(null)", Value(Decode(beyond), "SKU Number"));
 }
 
+TEST(SmbiosStructureTest, ListsOnboardDevices) {
+  const StructureBuilder devices =
+      StructureBuilder(10, 1).Byte(0x83).Byte(1).Byte(5).Byte(0).Byte(0x7F).LooseText("VGA");
+  const SmbiosStructure structure = Decode(devices);
+  EXPECT_EQ("Video", Value(structure, "Device 1 Type"));
+  EXPECT_EQ("Yes", Value(structure, "Device 1 Enabled"));
+  EXPECT_EQ("VGA", Value(structure, "Device 1 Description"));
+  EXPECT_EQ("Ethernet", Value(structure, "Device 2 Type"));
+  EXPECT_EQ("No", Value(structure, "Device 2 Enabled"));
+  EXPECT_EQ("(null)", Value(structure, "Device 2 Description"));
+  // A half one is none.
+  EXPECT_EQ(6u, structure.fields.size());
+}
+
+TEST(SmbiosStructureTest, ListsTheItemsOfAGroup) {
+  const StructureBuilder group =
+      StructureBuilder(14, 1).Text("Tcore").Byte(4).Word(0x0400).Byte(200).Word(0xFFFE).Word(7);
+  const SmbiosStructure structure = Decode(group);
+  EXPECT_EQ("Tcore", Value(structure, "Group Name"));
+  EXPECT_EQ("0x0400 (Processor Information)", Value(structure, "Item 1"));
+  EXPECT_EQ("0xFFFE (OEM-specific)", Value(structure, "Item 2"));
+  EXPECT_EQ(3u, structure.fields.size());
+}
+
+TEST(SmbiosStructureTest, ReadsTheFamilyOfAProcessorFromItsWord) {
+  const auto family = [](unsigned int byte, unsigned int word) {
+    StructureBuilder processor(4, 1);
+    processor.Word(0).Byte(byte).Byte(0).Qword(0).Qword(0).Qword(0).Qword(0).Word(word);
+    return Value(Decode(processor), "Processor Family");
+  };
+  EXPECT_EQ("Xeon", family(0xB3, 0x101));
+  EXPECT_EQ("ARMv8", family(0xFE, 0x101));
+  EXPECT_EQ("ARMv9", family(0xFE, 0x102));
+  EXPECT_EQ("LoongArch", family(0xFE, 0x258));
+  EXPECT_EQ("0x103", family(0xFE, 0x103));
+  EXPECT_EQ("0xFE", Value(Decode(StructureBuilder(4, 1).Word(0).Byte(0xFE)), "Processor Family"));
+}
+
+// The extension bytes came one after the other.
+TEST(SmbiosStructureTest, ReadsAsManyBiosCharacteristicsAsThereAre) {
+  StructureBuilder bios(0, 1);
+  bios.Dword(0).Word(0);
+  EXPECT_EQ("(none)", Value(Decode(bios), "BIOS Characteristics"));
+  bios.Qword(0x80);
+  EXPECT_EQ("PCI", Value(Decode(bios), "BIOS Characteristics"));
+  bios.Byte(1);
+  EXPECT_EQ("PCI, ACPI", Value(Decode(bios), "BIOS Characteristics"));
+  bios.Byte(8);
+  EXPECT_EQ("PCI, ACPI, UEFI", Value(Decode(bios), "BIOS Characteristics"));
+  const StructureBuilder none = StructureBuilder(0, 1).Dword(0).Word(0).Qword(0x88);
+  EXPECT_EQ("(null)", Value(Decode(none), "BIOS Characteristics"));
+}
+
+TEST(SmbiosStructureTest, ReadsWhatAnotherProgramDoesNotKnow) {
+  const SmbiosStructure addition =
+      Decode(StructureBuilder(44, 1).Word(0x0400).Byte(2).Byte(2).Word(0));
+  EXPECT_EQ("0x0400", Value(addition, "Referenced Handle"));
+  EXPECT_EQ("x64", Value(addition, "Processor Type"));
+  const SmbiosStructure property =
+      Decode(StructureBuilder(46, 1).Word(1).Text("PciRoot(0x0)").Word(0x1100));
+  EXPECT_EQ("UEFI Device Path", Value(property, "String Property ID"));
+  EXPECT_EQ("PciRoot(0x0)", Value(property, "String Property Value"));
+  EXPECT_EQ("0x1100", Value(property, "Parent Handle"));
+}
+
+TEST(SmbiosStructureTest, ReadsTheVersionsOfATpm) {
+  const auto firmware = [](unsigned int major, unsigned int number) {
+    StructureBuilder tpm(43, 1);
+    tpm.Dword(0x43544E49).Byte(major).Byte(0).Dword(number).Dword(0);
+    return Value(Decode(tpm), "Firmware Revision");
+  };
+  EXPECT_EQ("3.4", firmware(1, 0x04030201));
+  EXPECT_EQ("11.3", firmware(2, 0x000B0003));
+  EXPECT_EQ("0x000B0003", firmware(3, 0x000B0003));
+}
+
+TEST(SmbiosStructureTest, ReadsProbesWithTheirSigns) {
+  const auto value = [](unsigned char type, unsigned int number, const char* name) {
+    StructureBuilder probe(type, 1);
+    probe.Byte(0).Byte(0x63).Word(number).Word(number).Word(number).Word(number);
+    return Value(Decode(probe), name);
+  };
+  EXPECT_EQ("12.345 V", value(26, 12345, "Maximum Value"));
+  EXPECT_EQ("-0.005 V", value(26, 0xFFFB, "Maximum Value"));
+  EXPECT_EQ("-50.0 deg C", value(28, 0xFE0C, "Minimum Value"));
+  EXPECT_EQ("0.015 deg C", value(28, 15, "Resolution"));
+  EXPECT_EQ("6553.5 mA", value(29, 0xFFFF, "Resolution"));
+  EXPECT_EQ("(null)", value(26, 0x8000, "Maximum Value"));
+  EXPECT_EQ("(null)", value(26, 0x8000, "Resolution"));
+}
+
 TEST(SmbiosStructureTest, ShowsNumbersThatStandForNothing) {
   EXPECT_EQ("0xEE",
             Value(Decode(StructureBuilder(8, 1).Byte(0).Byte(0xEE)), "Internal Connector Type"));

@@ -150,6 +150,25 @@ TEST(Usage, EveryCommandAndOptionOfTheHelpIsInTheDocuments) {
   }
 }
 
+#if defined(__linux__)
+// No other system has a device that is always full.
+TEST(Usage, OutputThatCannotBeWrittenIsAFailureThatIsTold) {
+  const std::vector<std::string> commands[] = {
+      {"--version"}, {"identify", "--help"}, {"smbios", "--smbios-dump", qda_test::SampleFile()}};
+  for (const std::vector<std::string>& command : commands) {
+    SCOPED_TRACE(command[0]);
+    std::vector<std::string> arguments = {"-c", "exec \"$0\" \"$@\" >/dev/full", QDA_FILE};
+    arguments.insert(arguments.end(), command.begin(), command.end());
+    const ChildResult run = test_support::RunProgram("/bin/sh", arguments, {});
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_EQ(
+        "qda: standard output: the result cannot be written (kQDAStatusFileSystemError); it is "
+        "closed, or there is no room left\n",
+        run.error);
+  }
+}
+#endif
+
 TEST(Usage, VersionIsPrinted) {
   const ChildResult run = RunQda({"--version"});
   EXPECT_EQ(0, run.exitCode);
