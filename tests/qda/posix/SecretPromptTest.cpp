@@ -148,6 +148,9 @@ TEST_F(SecretPrompt, TakesAnEmptyLine) {
 
 TEST_F(SecretPrompt, DoesNotTakeWhatWasTypedBefore) {
   Type("ls -l\n");
+  // It reaches the terminal in its own time.
+  pollfd arrived = {fSlave, POLLIN, 0};
+  ASSERT_EQ(1, poll(&arrived, 1, 20000));
   Start(true);
   WaitForPrompt();
   Type("right\n");
