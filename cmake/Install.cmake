@@ -43,10 +43,10 @@ configure_file(${PROJECT_SOURCE_DIR}/cmake/qdacore.pc.in ${PROJECT_BINARY_DIR}/q
 install(FILES ${PROJECT_BINARY_DIR}/qdacore.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 if(QDACORE_BUILD_HOST)
-  set_target_properties(qda machine PROPERTIES
+  set_target_properties(qda machine mof PROPERTIES
     INSTALL_RPATH "$ORIGIN/${QDACORE_LIB_FROM_PROGRAM}")
   install(TARGETS qda RUNTIME DESTINATION ${QDACORE_PROGRAM_DIR})
-  install(TARGETS machine LIBRARY DESTINATION ${QDACORE_PROGRAM_DIR})
+  install(TARGETS machine mof LIBRARY DESTINATION ${QDACORE_PROGRAM_DIR})
   if(NOT WIN32)
     install(FILES ${PROJECT_SOURCE_DIR}/docs/qda.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
     install(FILES ${PROJECT_SOURCE_DIR}/qda/completion/qda.bash

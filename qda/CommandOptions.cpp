@@ -42,6 +42,13 @@ void AddSource(CLI::App* app, SourceOptions* source) {
       ->check(NotEmpty())
       ->group("Source");
   AddSmbiosDump(app, &source->smbiosDump);
+  app->add_option("--from", source->fromFile,
+                  "Read the snapshot FILE in place of a provider\nof this machine")
+      ->option_text("FILE")
+      ->check(NotEmpty())
+      ->excludes("--provider")
+      ->excludes("--smbios-dump")
+      ->group("Source");
 }
 
 void AddSmbiosDump(CLI::App* app, std::string* file) {

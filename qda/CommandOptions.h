@@ -39,7 +39,7 @@ void AddFormat(CLI::App* app, RunOptions* run);
 // --log and --log-level. Every command has them without asking.
 void AddLog(CLI::App* app, RunOptions* run);
 
-// --provider and --smbios-dump.
+// --provider, --smbios-dump and --from.
 void AddSource(CLI::App* app, SourceOptions* source);
 
 // --smbios-dump alone.

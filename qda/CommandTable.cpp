@@ -3,11 +3,13 @@
 #include <qda/BmcCommand.h>
 #include <qda/ClassCommand.h>
 #include <qda/ClassesCommand.h>
+#include <qda/DiffCommand.h>
 #include <qda/GetCommand.h>
 #include <qda/IdentifyCommand.h>
 #include <qda/InstancesCommand.h>
 #include <qda/ProvidersCommand.h>
 #include <qda/SmbiosCommand.h>
+#include <qda/SnapshotCommand.h>
 #include <qda/TransferCommands.h>
 
 namespace qda {
@@ -22,6 +24,8 @@ std::vector<const Command*> AllCommands() {
       &kClassCommand,
       &kInstancesCommand,
       &kGetCommand,
+      &kSnapshotCommand,
+      &kDiffCommand,
       // Plug-ins
       &kProvidersCommand,
       // Network

@@ -23,6 +23,8 @@ struct RunOptions {
 struct SourceOptions {
   std::string provider = "machine";
   std::string smbiosDump;  // empty: not given
+  // A snapshot that is read in place of any provider; empty: not given.
+  std::string fromFile;
 };
 
 // The exit codes of the program.

@@ -7,6 +7,7 @@
 
 #include <qda/ProviderModules.h>
 #include <qda/RunLog.h>
+#include <qda/SnapshotFile.h>
 #include <qda/Text.h>
 #include <qda/host/Process.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
@@ -27,8 +28,6 @@ using NZRVQDA20::TOSSpecific;
 using NZRVQDA20::TQDAException;
 using NZRVQDA20::TRootObject;
 
-namespace {
-
 void LoadModules() {
   const std::vector<ProviderModule> modules = LoadProviderModules();
   for (const ProviderModule& module : modules) {
@@ -44,6 +43,8 @@ void LoadModules() {
                     TOSSpecific::GetQDARootPath()));
   }
 }
+
+namespace {
 
 shared_ptr<INamespaceSource> FindSource(const std::string& name) {
   shared_ptr<INamespaceSource> source;
@@ -109,12 +110,20 @@ std::string KeptWarnings() {
 }
 
 shared_ptr<ICIMNamespace> OpenNamespace(const SourceOptions& source, const std::string& scope) {
+  if (!source.fromFile.empty()) {
+    return ReadSnapshot(source.fromFile);
+  }
   if (!UseSmbiosDump(source.smbiosDump)) {
     return shared_ptr<ICIMNamespace>();
   }
   LoadModules();
-  const shared_ptr<INamespaceSource> found = FindSource(source.provider);
-  return found ? ReadNamespace(*found, source.provider, scope) : shared_ptr<ICIMNamespace>();
+  return OpenLoadedNamespace(source.provider, scope);
+}
+
+shared_ptr<ICIMNamespace> OpenLoadedNamespace(const std::string& provider,
+                                              const std::string& scope) {
+  const shared_ptr<INamespaceSource> found = FindSource(provider);
+  return found ? ReadNamespace(*found, provider, scope) : shared_ptr<ICIMNamespace>();
 }
 
 }  // namespace qda

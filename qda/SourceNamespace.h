@@ -21,11 +21,21 @@ namespace qda {
 // the provider may be in another one. Throws TQDAException when the program's folder cannot be
 // searched. Needs a core logger.
 //
+// With a snapshot as the source, that file is read and no module loaded.
+//
 // `scope` tells the provider how much is wanted, as the entry "scope" of the context: "system" is
 // what identifies the machine, which the machine provider reads much faster than everything.
 // Providers that know no scope serve all they have. Empty: everything, and no such entry.
 boost::shared_ptr<NZRVQDA20::ICIMNamespace> OpenNamespace(const SourceOptions& source,
                                                           const std::string& scope = "");
+
+// Loads the provider modules; what is in the way is told on standard error. Throws TQDAException
+// when the program's folder cannot be searched. Needs a core logger.
+void LoadModules();
+
+// The last two steps of OpenNamespace: the provider is looked up and asked. The modules are loaded.
+boost::shared_ptr<NZRVQDA20::ICIMNamespace> OpenLoadedNamespace(const std::string& provider,
+                                                                const std::string& scope = "");
 
 // Makes `file` the table that is read in place of the firmware's, for everything in this process;
 // an empty name changes nothing. False, after a message, when the system refuses.

@@ -16,8 +16,8 @@ using test_support::EnvironmentChange;
 
 namespace {
 
-const std::vector<EnvironmentChange> kCleanEnvironment = {{"QDA_SMBIOS_DUMP", nullptr},
-                                                          {"ZRV_VXTPI_GUI_T", nullptr}};
+const std::vector<EnvironmentChange> kCleanEnvironment = {
+    {"QDA_MOF_PATH", nullptr}, {"QDA_SMBIOS_DUMP", nullptr}, {"ZRV_VXTPI_GUI_T", nullptr}};
 
 // A link is as good as a copy, and quicker; it needs the same file system.
 void LinkOrCopy(const fs::path& source, const fs::path& target) {
