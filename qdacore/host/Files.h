@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include <qdacore/host/Situation.h>
 
@@ -15,10 +16,10 @@ namespace NZRVQDA20 {
 namespace host {
 
 struct FoundEntry {
-  // A name, never a path.
-  std::string name;
+  // A name, never a path. It stands in the search, until the search goes on or is closed.
+  std::string_view name;
   // Links are followed.
-  bool isDirectory;
+  bool isDirectory = false;
   // A symbolic link of a host that can make the same link again elsewhere.
   bool isLink = false;
 };

@@ -46,7 +46,8 @@ class DirectoryCopy {
       const host::FoundEntry& entry = search.Entry();
       // Not only "." and "..".
       if (entry.name[0] != '.') {
-        CopyEntry(entry, source + entry.name, target + entry.name);
+        CopyEntry(entry, std::string(source).append(entry.name),
+                  std::string(target).append(entry.name));
       }
     }
     if (next.situation != host::Situation::kNoFile) {

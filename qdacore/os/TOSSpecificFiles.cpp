@@ -49,11 +49,10 @@ std::vector<std::string> TOSSpecific::ListDir(std::string path) {
   names.reserve(search.ExpectedEntries());
   host::Outcome next = host::Success();
   for (; next.Done(); next = search.Next()) {
-    const std::string& name = search.Entry().name;
+    const std::string_view name = search.Entry().name;
     // Not only "." and "..".
     if (name[0] != '.') {
-      // Copied and not moved: a copy takes no more memory than its text, and the entry keeps its.
-      names.push_back(name);
+      names.emplace_back(name);
     }
   }
   if (next.situation != host::Situation::kNoFile) {

@@ -52,7 +52,7 @@ void AppendMatches(const std::string& folder, const std::string& pattern,
     FileSystemError();
   }
   do {
-    paths.push_back(Join(folder, search.Entry().name));
+    paths.push_back(Join(folder, std::string(search.Entry().name)));
   } while (search.Next().Done());
 }
 
@@ -95,10 +95,10 @@ std::vector<std::string> TOSSpecific::FindNSServices(std::string kind) {
   do {
     // No further test: a directory of such a name counts too. (A short alias of a file can match
     // the pattern and be shorter than the ending; it leaves nothing.)
-    const std::string& name = search.Entry().name;
-    names.push_back(name.size() > kServiceEndingLength
-                        ? name.substr(0, name.size() - kServiceEndingLength)
-                        : std::string());
+    const std::string_view name = search.Entry().name;
+    names.emplace_back(name.size() > kServiceEndingLength
+                           ? name.substr(0, name.size() - kServiceEndingLength)
+                           : std::string_view());
   } while (search.Next().Done());
   return names;
 }
@@ -124,7 +124,7 @@ std::vector<std::string> TOSSpecific::FindPlugins(std::string directory, std::st
   do {
     const host::FoundEntry& entry = folders.Entry();
     if (entry.isDirectory && entry.name[0] != '.') {
-      AppendMatches(Join(root, entry.name), pattern, paths);
+      AppendMatches(Join(root, std::string(entry.name)), pattern, paths);
     }
   } while (folders.Next().Done());
   return paths;

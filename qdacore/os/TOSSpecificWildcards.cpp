@@ -36,7 +36,7 @@ bool AppendMatches(const std::string& argument, std::vector<std::string>& argume
     return false;
   }
   do {
-    arguments.push_back(prefix + entry.name);
+    arguments.push_back(std::string(prefix).append(entry.name));
   } while (host::HostFiles().FindNext(search, entry).Done());
   // The search stays open, which is meant.
   return true;

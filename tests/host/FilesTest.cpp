@@ -24,7 +24,7 @@ Found Search(const std::string& directory, const std::string& pattern) {
   Found found = {SystemFiles().FindFirst(directory, pattern, search, entry), {}};
   if (found.outcome.Done()) {
     do {
-      found.names.push_back(entry.name + (entry.isDirectory ? "/" : ""));
+      found.names.push_back(std::string(entry.name) + (entry.isDirectory ? "/" : ""));
     } while (SystemFiles().FindNext(search, entry).Done());
     SystemFiles().CloseSearch(search);
   }

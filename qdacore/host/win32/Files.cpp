@@ -1,11 +1,19 @@
 #include <windows.h>
 
+#include <memory>
+
 #include <qdacore/host/HostServices.h>
 #include <qdacore/host/win32/Errors.h>
 
 namespace NZRVQDA20 {
 namespace host {
 namespace {
+
+struct OpenSearch {
+  HANDLE handle;
+  // The last entry's, whose name callers look at.
+  WIN32_FIND_DATAA data;
+};
 
 void TakeEntry(const WIN32_FIND_DATAA& data, FoundEntry& entry) {
   entry.name = data.cFileName;
@@ -22,36 +30,33 @@ class WindowsFiles final : public Files {
   }
 
   Outcome FindFirstPath(const std::string& path, Search& search, FoundEntry& entry) override {
-    WIN32_FIND_DATAA data;
-    const HANDLE handle = FindFirstFileA(path.c_str(), &data);
-    if (handle == INVALID_HANDLE_VALUE) {
+    std::unique_ptr<OpenSearch> open(new OpenSearch);
+    open->handle = FindFirstFileA(path.c_str(), &open->data);
+    if (open->handle == INVALID_HANDLE_VALUE) {
       return OutcomeOfLastError();
     }
-    try {
-      TakeEntry(data, entry);
-    } catch (...) {
-      // No memory for the name: nothing may stay open.
-      FindClose(handle);
-      throw;
-    }
-    search = handle;
+    TakeEntry(open->data, entry);
+    search = open.release();
     return Success();
   }
 
   Outcome FindNext(Search search, FoundEntry& entry) override {
-    WIN32_FIND_DATAA data;
-    if (!FindNextFileA(search, &data)) {
+    OpenSearch& open = *static_cast<OpenSearch*>(search);
+    if (!FindNextFileA(open.handle, &open.data)) {
       return GetLastError() == ERROR_NO_MORE_FILES
                  ? Outcome{Situation::kNoFile, ERROR_NO_MORE_FILES}
                  : Outcome{Situation::kOther, GetLastError()};
     }
-    TakeEntry(data, entry);
+    TakeEntry(open.data, entry);
     return Success();
   }
 
   std::size_t ExpectedEntries(Search /*search*/) override { return 0; }
 
-  void CloseSearch(Search search) override { FindClose(search); }
+  void CloseSearch(Search search) override {
+    const std::unique_ptr<OpenSearch> open(static_cast<OpenSearch*>(search));
+    FindClose(open->handle);
+  }
 
   Outcome MakeDirectory(const std::string& path) override {
     return CreateDirectoryA(path.c_str(), nullptr) ? Success() : OutcomeOfLastError();

@@ -25,8 +25,8 @@ class DirectorySearch {
 
   const host::Outcome& Opening() const { return fOutcome; }
 
-  // The entry found last. It may be moved from.
-  host::FoundEntry& Entry() { return fEntry; }
+  // The entry found last.
+  const host::FoundEntry& Entry() const { return fEntry; }
 
   // kNoFile at the end.
   host::Outcome Next() { return host::HostFiles().FindNext(fSearch, fEntry); }
