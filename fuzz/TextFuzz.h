@@ -15,8 +15,8 @@ void FuzzDateTime(const std::uint8_t* data, std::size_t size);
 // What is read as an object path prints, and the print reads back to an equal path and print.
 void FuzzObjectPath(const std::uint8_t* data, std::size_t size);
 
-// What is read as MOF is written, and what is written reads back and is written the same. What is
-// no MOF tells where. Texts that may include files are passed over.
+// What is read as MOF is written, and what is written reads back and is written the same, but for
+// the order of classes. What is no MOF tells where. Texts that may include files are passed over.
 void FuzzMof(const std::uint8_t* data, std::size_t size);
 
 }  // namespace fuzz_text

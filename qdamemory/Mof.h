@@ -11,8 +11,9 @@
 //
 // Read are #pragma include, declarations of qualifiers, classes, associations and instances, with
 // all kinds of values, and aliases. Classes and instances may stand before what they refer to, as
-// long as that comes somewhere. Other pragmas are passed over, as the standard has it, but for
-// qda_static_value (below). docs/mof.md tells what is tolerated and what the text form cannot hold.
+// long as that comes somewhere, and refer to each other. Other pragmas are passed over, as the
+// standard has it, but for qda_static_value (below). docs/mof.md tells what is tolerated and what
+// the text form cannot hold.
 //
 // What is written reads back as an equal namespace: the same declarations, classes, instances and
 // values in the same order. Where MOF has no word for something, this is used:
@@ -50,10 +51,12 @@ struct MofProblem {
 // `*problem` (unless that is null) and its status thrown; what was committed and published by then
 // stays in `ns`. Throws
 //   kQDAStatusFileNotFound     the file, or one that it includes, cannot be opened
-//   kQDAStatusFileSystemError  one cannot be read to its end
+//   kQDAStatusFileSystemError  one cannot be read to its end, or an included one is no file
 //   kQDAStatusInvalidFormat    no MOF, or a value that does not fit its type
 //   kQDAStatusNotFound         a class, property or qualifier declaration is named and nowhere
-//   and what `ns` throws: kQDAStatusAlreadyExists for a name that is taken, and so on.
+//   kQDAStatusInvalidClass     a superclass that its subclass needs in order to be
+//   kQDAStatusInvalidReference an alias of an instance without a key, or of one whose key needs
+//   itself and what `ns` throws: kQDAStatusAlreadyExists for a name that is taken, and so on.
 QDAMEMORY_EXPORT void ReadMofFile(const boost::shared_ptr<ICIMNamespace>& ns,
                                   const std::string& path, MofProblem* problem);
 
@@ -65,7 +68,8 @@ QDAMEMORY_EXPORT void ReadMofText(const boost::shared_ptr<ICIMNamespace>& ns,
 // Writes all of `ns`: the declarations of qualifiers, the classes (each after what it refers to),
 // static values, the published instances. Whether the stream took it all is for the caller to ask.
 // Throws kQDAStatusNotSupported for a qualifier's declaration with attributes that are no scope or
-// flavor of StandardQualifiers.h, and what `ns` throws.
+// flavor of StandardQualifiers.h, and for references nested beyond what docs/mof.md tells; and what
+// `ns` throws.
 QDAMEMORY_EXPORT void WriteMof(const boost::shared_ptr<ICIMNamespace>& ns, std::ostream& output);
 
 }  // namespace NZRVQDA20

@@ -3,6 +3,7 @@
 #ifndef QDAMEMORY_MOF_MOFFAILURE_H
 #define QDAMEMORY_MOF_MOFFAILURE_H
 
+#include <cstddef>
 #include <string>
 
 #include <qdacore/frame/TQDAStatusCode.h>
@@ -21,6 +22,12 @@ struct Failure {
     const Place& place, const std::string& reason,
     TQDAStatusCode::EQDAStatusCode status = TQDAStatusCode::kQDAStatusInvalidFormat) {
   throw Failure{status, place, reason};
+}
+
+// Text of any size as a reason shows it: in quotes, its beginning only where it is long.
+inline std::string Quoted(const std::string& text) {
+  const std::size_t most = 200;
+  return text.size() <= most ? "\"" + text + "\"" : "\"" + text.substr(0, most) + "...\"";
 }
 
 }  // namespace mof

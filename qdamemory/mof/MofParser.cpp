@@ -72,13 +72,14 @@ void Parser::ParsePragma() {
   if (name == "include") {
     fHandler.OnInclude(place, text);
   } else if (name == "qda_static_value") {
-    ParseStaticValue(place, text);
+    StaticValue value = ParseStaticValue(place, text);
+    fHandler.OnStaticValue(value);
   }
   Advance();
 }
 
 // "CLASS.PROPERTY = VALUE"; places inside it are those of the string.
-void Parser::ParseStaticValue(const Place& place, const std::string& text) {
+StaticValue Parser::ParseStaticValue(const Place& place, const std::string& text) {
   const std::size_t dot = text.find('.');
   if (dot == std::string::npos) {
     Fail(place, "a static value reads \"CLASS.PROPERTY = VALUE\"");
@@ -91,11 +92,18 @@ void Parser::ParseStaticValue(const Place& place, const std::string& text) {
   try {
     inner.Advance();
     value.value = inner.ParsePropertyValue();
+    if (inner.fToken.kind != Token::kEnd) {
+      inner.FailHere("the end of the static value");
+    }
   } catch (Failure& failure) {
     failure.place = place;
     throw;
   }
-  fHandler.OnStaticValue(value);
+  value.value.place = value.value.value.place = place;
+  for (Literal& literal : value.value.value.literals) {
+    literal.place = place;
+  }
+  return value;
 }
 
 void Parser::ParseQualifierDeclaration() {
@@ -204,14 +212,8 @@ void Parser::ParseClass(Qualifiers& qualifiers) {
   Advance();
   declaration.place = fToken.place;
   declaration.name = ExpectIdentifier("the name of the class");
-  if (IsWord("as")) {
-    // Nothing that can be written refers to a class by an alias.
-    Advance();
-    if (fToken.kind != Token::kLiteral || fToken.literal.kind != Literal::kAlias) {
-      FailHere("the alias of the class");
-    }
-    Advance();
-  }
+  // Nothing that can be written refers to a class by an alias.
+  ParseAlias("the alias of the class");
   if (SkipSymbol(':')) {
     declaration.superclassPlace = fToken.place;
     declaration.superclass = ExpectIdentifier("the name of the superclass");
@@ -267,14 +269,7 @@ void Parser::ParseInstance() {
   Advance();
   ExpectWord("of", "behind \"instance\"");
   declaration.className = ExpectIdentifier("the name of the instance's class");
-  if (IsWord("as")) {
-    Advance();
-    if (fToken.kind != Token::kLiteral || fToken.literal.kind != Literal::kAlias) {
-      FailHere("the alias of the instance, such as $Disk");
-    }
-    declaration.alias = fToken.literal.text;
-    Advance();
-  }
+  declaration.alias = ParseAlias("the alias of the instance, such as $Disk");
   ExpectSymbol('{', "and the values of the instance");
   while (!IsSymbol('}')) {
     declaration.values.push_back(ParsePropertyValue());
@@ -282,6 +277,20 @@ void Parser::ParseInstance() {
   Advance();
   ExpectSymbol(';', "at the end of the instance");
   fHandler.OnInstance(declaration);
+}
+
+// "as $NAME", with the "$"; empty where there is none.
+std::string Parser::ParseAlias(const char* what) {
+  if (!IsWord("as")) {
+    return std::string();
+  }
+  Advance();
+  if (fToken.kind != Token::kLiteral || fToken.literal.kind != Literal::kAlias) {
+    FailHere(what);
+  }
+  const std::string alias = fToken.literal.text;
+  Advance();
+  return alias;
 }
 
 PropertyValue Parser::ParsePropertyValue() {

@@ -46,7 +46,7 @@ class Parser {
 
   void ParseProduction();
   void ParsePragma();
-  void ParseStaticValue(const Place& place, const std::string& text);
+  StaticValue ParseStaticValue(const Place& place, const std::string& text);
   void ParseQualifierDeclaration();
   std::int32_t ParseScope();
   std::int32_t ParseFlavor();
@@ -56,6 +56,7 @@ class Parser {
   Feature ParseFeature();
   Parameter ParseParameter();
   void ParseInstance();
+  std::string ParseAlias(const char* what);
   PropertyValue ParsePropertyValue();
 
   TypeName ParseType();

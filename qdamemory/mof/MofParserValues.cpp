@@ -33,7 +33,7 @@ std::string Shown(const Token& token) {
     case Token::kEnd:
       return "the end of the text";
     case Token::kIdentifier:
-      return "\"" + token.text + "\"";
+      return Quoted(token.text);
     case Token::kSymbol:
       return std::string("\"") + token.symbol + "\"";
     case Token::kLiteral:
@@ -99,8 +99,8 @@ TypeName Parser::ParseType() {
     }
   }
   if (!IsWord("ref")) {
-    Fail(type.place, "\"" + word + "\" is no type; a reference to a class reads \"" + word +
-                         " REF\" in front of its name");
+    Fail(type.place, Quoted(word) + " is no type; a reference to a class reads " +
+                         Quoted(word + " REF") + " in front of its name");
   }
   Advance();
   type.type = Type::kCIMTypeReference;

@@ -1,8 +1,10 @@
 // One reading: the files, the parser and the builder brought together.
 
 #include <cstdio>
+#include <filesystem>
 #include <list>
 #include <memory>
+#include <system_error>
 
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/frame/TQDAException.h>
@@ -16,8 +18,10 @@ namespace NZRVQDA20 {
 namespace mof {
 namespace {
 
-// Files that include one another in a circle end here.
+// Files that include one another in a circle end here, and those that include each other many
+// times.
 const int kDeepestInclude = 64;
+const int kMostIncludes = 10000;
 
 struct CloseFile {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -41,6 +45,16 @@ std::string ReadFile(const std::string& path, const Place& place) {
   return text;
 }
 
+// A text from elsewhere may name a pipe or a device, which would never end.
+void CheckIsFile(const std::string& path, const Place& place) {
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+    Fail(place, "\"" + path + "\" is no file that can be included",
+         TQDAStatusCode::kQDAStatusFileSystemError);
+  }
+}
+
 // Both separators count, on every host: the texts are carried between them.
 std::string BesideFile(const std::string& file, std::string name) {
   for (char& c : name) {
@@ -60,6 +74,9 @@ class Reading final : public Handler {
 
   void ReadPath(const std::string& path, const Place* includedAt) {
     const std::string& name = Keep(path);
+    if (includedAt) {
+      CheckIsFile(path, *includedAt);
+    }
     const std::string text = ReadFile(path, includedAt ? *includedAt : Place{&name, 0, 0});
     Read(text, name);
   }
@@ -74,6 +91,9 @@ class Reading final : public Handler {
     }
     if (++fDepth > kDeepestInclude) {
       Fail(place, "files include one another more than 64 levels deep");
+    }
+    if (++fIncludes > kMostIncludes) {
+      Fail(place, "more than 10000 files are included");
     }
     ReadPath(BesideFile(*place.file, path), &place);
     --fDepth;
@@ -95,22 +115,27 @@ class Reading final : public Handler {
   std::list<std::string> fNames;
   NamespaceBuilder fBuilder;
   int fDepth = 0;
+  int fIncludes = 0;
 };
 
 template <class Call>
-void Run(const boost::shared_ptr<ICIMNamespace>& ns, MofProblem* problem, Call read) {
+void Run(const boost::shared_ptr<ICIMNamespace>& ns, const std::string& name, MofProblem* problem,
+         Call read) {
   Reading reading(ns);
   try {
     read(reading);
     reading.Finish();
   } catch (const Failure& failure) {
     if (problem) {
-      problem->file = failure.place.file ? *failure.place.file : std::string();
-      problem->line = failure.place.line;
-      problem->column = failure.place.column;
-      problem->reason = failure.reason;
+      *problem = {failure.place.file ? *failure.place.file : std::string(), failure.place.line,
+                  failure.place.column, failure.reason};
     }
     throw TQDAException(failure.status);
+  } catch (const TQDAException& failure) {
+    if (problem) {
+      *problem = {name, 0, 0, std::string("the namespace fails: ") + failure.what()};
+    }
+    throw;
   }
 }
 
@@ -119,12 +144,12 @@ void Run(const boost::shared_ptr<ICIMNamespace>& ns, MofProblem* problem, Call r
 
 void ReadMofFile(const boost::shared_ptr<ICIMNamespace>& ns, const std::string& path,
                  MofProblem* problem) {
-  mof::Run(ns, problem, [&](mof::Reading& reading) { reading.ReadPath(path, nullptr); });
+  mof::Run(ns, path, problem, [&](mof::Reading& reading) { reading.ReadPath(path, nullptr); });
 }
 
 void ReadMofText(const boost::shared_ptr<ICIMNamespace>& ns, const std::string& text,
                  const std::string& name, MofProblem* problem) {
-  mof::Run(ns, problem, [&](mof::Reading& reading) { reading.ReadNamed(text, name); });
+  mof::Run(ns, name, problem, [&](mof::Reading& reading) { reading.ReadNamed(text, name); });
 }
 
 }  // namespace NZRVQDA20

@@ -37,6 +37,28 @@ std::string Shown(char c) {
   return std::string("the byte 0x") + digits[byte >> 4] + digits[byte & 15];
 }
 
+// The code unit that `text` begins with, in UTF-8, and how many bytes it takes; none where the
+// bytes are no character, or one beyond the 16 bits of a code unit.
+std::size_t Utf8Unit(const char* text, std::size_t size, std::uint64_t* unit) {
+  const auto byte = [&](std::size_t at) {
+    return at < size ? static_cast<unsigned char>(text[at]) : 0u;
+  };
+  const auto continues = [&](std::size_t at) { return (byte(at) & 0xC0) == 0x80; };
+  if (byte(0) < 0x80) {
+    *unit = byte(0);
+    return 1;
+  }
+  if (byte(0) >= 0xC2 && byte(0) < 0xE0 && continues(1)) {
+    *unit = (byte(0) & 0x1F) << 6 | (byte(1) & 0x3F);
+    return 2;
+  }
+  if ((byte(0) & 0xF0) == 0xE0 && continues(1) && continues(2)) {
+    *unit = (byte(0) & 0x0F) << 12 | (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F);
+    return *unit < 0x800 ? 0 : 3;
+  }
+  return 0;
+}
+
 // The digits of an integer without its sign; false when they do not fit.
 bool Magnitude(const char* begin, const char* end, int base, std::uint64_t* magnitude) {
   const std::from_chars_result result = std::from_chars(begin, end, *magnitude, base);
@@ -191,7 +213,7 @@ Token Scanner::Number() {
   const char* last = digits.c_str() + digits.size();
   const std::from_chars_result result = std::from_chars(first, last, token.literal.real);
   if (result.ec != std::errc() || result.ptr != last) {
-    Fail(place, "\"" + digits + "\" is no number, or beyond what a real64 holds");
+    Fail(place, Quoted(digits) + " is no number, or beyond what a real64 holds");
   }
   return token;
 }
@@ -218,7 +240,7 @@ Token Scanner::Integer(const std::string& digits, const Place& place) {
     base = 8;
   }
   if (!Magnitude(begin, end, base, &token.literal.magnitude)) {
-    Fail(place, "\"" + digits + "\" is no whole number, or beyond 64 bits");
+    Fail(place, Quoted(digits) + " is no whole number, or beyond 64 bits");
   }
   return token;
 }
@@ -300,21 +322,23 @@ Token Scanner::Character() {
   token.place = token.literal.place = Here();
   token.literal.kind = Literal::kCharacter;
   ++fAt;
-  std::string text;
   if (Peek() == '\\' && (Peek(1) | 0x20) == 'x') {
     const Place place = Here();
     fAt += 2;
     token.literal.magnitude = HexEscape(place);
-  } else {
-    if (Peek() == '\\') {
-      AppendEscape(text);
-    } else if (!AtEnd() && Peek() != '\'' && static_cast<unsigned char>(Peek()) < 0x80) {
-      text += Take();
-    }
-    if (text.empty()) {
-      Fail(token.place, "a char16 is one ASCII character or \\x and its code in single quotes");
-    }
+  } else if (Peek() == '\\') {
+    std::string text;
+    AppendEscape(text);
     token.literal.magnitude = static_cast<unsigned char>(text[0]);
+  } else {
+    const bool isThere = !AtEnd() && Peek() != '\'' && Peek() != '\n';
+    const std::size_t size =
+        isThere ? Utf8Unit(&fText[fAt], fText.size() - fAt, &token.literal.magnitude) : 0;
+    if (size == 0) {
+      Fail(token.place,
+           "a char16 is one character of 16 bits, in UTF-8, or \\x and its code in single quotes");
+    }
+    fAt += size;
   }
   if (Peek() != '\'') {
     Fail(token.place, "this char16 has no closing quote, or more than one character");

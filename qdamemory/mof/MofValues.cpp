@@ -81,7 +81,7 @@ TCIMValue DateTime(const Literal& literal) {
   try {
     return TCIMValue(TCIMDateTime(literal.text));
   } catch (const TQDAException&) {
-    Fail(literal.place, "\"" + literal.text + "\" is no datetime (DSP0004, \"Datetime type\")");
+    Fail(literal.place, Quoted(literal.text) + " is no datetime (DSP0004, \"Datetime type\")");
   }
 }
 
@@ -90,10 +90,10 @@ TCIMValue Reference(const Literal& literal, const boost::shared_ptr<ICIMNamespac
     TCIMReference reference = ReadObjectPath(literal.text, ns);
     return TCIMValue(reference);
   } catch (const TQDAException& failure) {
-    Fail(literal.place,
-         "\"" + literal.text +
-             "\" is no object path of a class that is declared here, with its keys",
-         failure.GetStatus().GetStatusCode());
+    Fail(
+        literal.place,
+        Quoted(literal.text) + " is no object path of a class that is declared here, with its keys",
+        failure.GetStatus().GetStatusCode());
   } catch (Failure& failure) {
     failure.place = literal.place;
     throw;

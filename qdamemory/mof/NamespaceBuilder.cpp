@@ -34,8 +34,10 @@ std::string NeededClass(const Feature& feature, const std::string& cls) {
   return isNeeded ? name : std::string();
 }
 
-// What needs what it needs, and so on: a chain that is no schema any more, and would end the stack.
-const int kDeepestChain = 1000;
+[[noreturn]] void FailInCircle(const Place& place, const std::string& name) {
+  Fail(place, "class " + Quoted(name) + " and what it needs need each other",
+       TQDAStatusCode::kQDAStatusInvalidClass);
+}
 
 bool IsNotFound(const TQDAException& failure) {
   return failure.GetStatus().GetStatusCode() == TQDAStatusCode::kQDAStatusNotFound;
@@ -48,7 +50,7 @@ void NamespaceBuilder::Add(QualifierDeclaration& declaration) {
   const TCIMValue value = declaration.value
                               ? MakeValue(slot, *declaration.value, fNamespace, AliasResolver())
                               : NullValue(slot);
-  At(declaration.place, "the declaration of qualifier \"" + declaration.name + "\"", [&] {
+  At(declaration.place, "the declaration of qualifier " + Quoted(declaration.name), [&] {
     fNamespace
         ->CreateQualifierDecl(declaration.name, value, declaration.scope, declaration.flavor,
                               TContext())
@@ -67,22 +69,52 @@ boost::shared_ptr<ICIMClass> NamespaceBuilder::FindClass(const std::string& name
   }
 }
 
+// The declaration of a class that is not made yet.
+NamespaceBuilder::WaitingClass& NamespaceBuilder::NeedWaiting(const std::string& name,
+                                                              const Place& place) {
+  const auto waiting = fWaitingByName.find(FoldCIMName(name));
+  if (waiting == fWaitingByName.end()) {
+    Fail(place, "class " + Quoted(name) + " is declared nowhere",
+         TQDAStatusCode::kQDAStatusNotFound);
+  }
+  return *waiting->second;
+}
+
+// A class to refer to, which may still be open.
 boost::shared_ptr<ICIMClass> NamespaceBuilder::NeedClass(const std::string& name,
                                                          const Place& place) {
   boost::shared_ptr<ICIMClass> cls = FindClass(name);
-  if (!cls) {
-    const auto waiting = fWaitingByName.find(FoldCIMName(name));
-    if (waiting == fWaitingByName.end()) {
-      Fail(place, "class \"" + name + "\" is declared nowhere", TQDAStatusCode::kQDAStatusNotFound);
-    }
-    if (waiting->second->isInWork) {
-      Fail(place, "class \"" + name + "\" and what it needs need each other",
-           TQDAStatusCode::kQDAStatusInvalidClass);
-    }
-    MakeWaiting(*waiting->second);
-    cls = FindClass(name);
+  if (cls) {
+    return cls;
   }
-  return cls;
+  WaitingClass& waiting = NeedWaiting(name, place);
+  if (waiting.stage == kWaits) {
+    MakeWaiting(waiting);
+  } else if (waiting.stage == kGathersNeeds) {
+    Begin(waiting);
+  } else {
+    FailInCircle(place, name);
+  }
+  return waiting.cls;
+}
+
+// The superclass, committed; an empty pointer where there is none.
+boost::shared_ptr<ICIMClass> NamespaceBuilder::NeedSuperclass(const ClassDeclaration& declaration) {
+  const std::string& name = declaration.superclass;
+  const Place& place = declaration.superclassPlace;
+  const auto known = fWaitingByName.find(FoldCIMName(name));
+  if (name.empty() || known == fWaitingByName.end()) {
+    return name.empty() ? boost::shared_ptr<ICIMClass>() : NeedClass(name, place);
+  }
+  WaitingClass& waiting = *known->second;
+  if (waiting.stage == kWaits) {
+    MakeWaiting(waiting);
+  } else if (waiting.stage == kBegins || waiting.stage == kFills) {
+    FailInCircle(place, name);
+  } else {
+    Complete(waiting);
+  }
+  return waiting.cls;
 }
 
 // Whether all the classes that it names are there, itself not counted.
@@ -101,58 +133,77 @@ bool NamespaceBuilder::IsReady(const ClassDeclaration& declaration) const {
 
 void NamespaceBuilder::Add(ClassDeclaration& declaration) {
   if (IsReady(declaration)) {
-    return Make(declaration);
+    return Fill(*Create(declaration), declaration);
   }
   const std::string key = FoldCIMName(declaration.name);
   const Place place = declaration.place;
   if (fWaitingByName.count(key) != 0) {
-    Fail(place, "class \"" + declaration.name + "\" is declared a second time",
+    Fail(place, "class " + Quoted(declaration.name) + " is declared a second time",
          TQDAStatusCode::kQDAStatusAlreadyExists);
   }
-  fWaitingClasses.push_back({std::move(declaration), false});
+  fWaitingClasses.push_back({std::move(declaration), kWaits, boost::shared_ptr<ICIMClass>()});
   fWaitingByName[key] = &fWaitingClasses.back();
 }
 
 void NamespaceBuilder::MakeWaiting(WaitingClass& waiting) {
-  waiting.isInWork = true;
-  const ClassDeclaration& declaration = waiting.declaration;
+  waiting.stage = kGathersNeeds;
   if (++fChain > kDeepestChain) {
-    Fail(declaration.place, "classes need one another in a chain of more than 1000",
+    Fail(waiting.declaration.place, "classes need one another in a chain of more than 1000",
          TQDAStatusCode::kQDAStatusInvalidClass);
   }
-  if (!declaration.superclass.empty()) {
-    NeedClass(declaration.superclass, declaration.superclassPlace);
-  }
-  for (const Feature& feature : declaration.features) {
-    const std::string needed = NeededClass(feature, declaration.name);
-    if (!needed.empty()) {
-      NeedClass(needed, feature.type.place);
-    }
-  }
-  Make(declaration);
-  // It may stand further down the list that is being worked off.
-  fWaitingByName.erase(FoldCIMName(declaration.name));
+  GatherNeeds(waiting.declaration);
+  Complete(waiting);
   --fChain;
 }
 
-void NamespaceBuilder::Make(const ClassDeclaration& declaration) {
-  boost::shared_ptr<ICIMClass> superclass;
-  if (!declaration.superclass.empty()) {
-    superclass = NeedClass(declaration.superclass, declaration.superclassPlace);
-  }
-  const std::string what = "class \"" + declaration.name + "\"";
-  const boost::shared_ptr<ICIMClass> cls = At(declaration.place, what, [&] {
-    return fNamespace->CreateClass(declaration.name, superclass, TContext());
-  });
-  Qualify(*cls, declaration.qualifiers);
+// Makes what the class needs, but for what needs the class itself and is in work already.
+void NamespaceBuilder::GatherNeeds(const ClassDeclaration& declaration) {
+  NeedSuperclass(declaration);
   for (const Feature& feature : declaration.features) {
-    if (feature.isMethod) {
-      AddMethod(*cls, feature);
-    } else {
-      AddProperty(*cls, feature);
+    const std::string needed = NeededClass(feature, declaration.name);
+    if (!needed.empty() && !FindClass(needed)) {
+      WaitingClass& waiting = NeedWaiting(needed, feature.type.place);
+      if (waiting.stage == kWaits) {
+        MakeWaiting(waiting);
+      }
     }
   }
-  At(declaration.place, what, [&] { cls->Commit(TContext()); });
+}
+
+void NamespaceBuilder::Begin(WaitingClass& waiting) {
+  waiting.stage = kBegins;
+  waiting.cls = Create(waiting.declaration);
+  waiting.stage = kIsOpen;
+}
+
+// Makes what is left to make of a class in work; nothing where what it needed has done so already.
+void NamespaceBuilder::Complete(WaitingClass& waiting) {
+  if (waiting.stage == kGathersNeeds) {
+    Begin(waiting);
+  }
+  if (waiting.stage == kIsOpen) {
+    waiting.stage = kFills;
+    Fill(*waiting.cls, waiting.declaration);
+    fWaitingByName.erase(FoldCIMName(waiting.declaration.name));
+  }
+}
+
+boost::shared_ptr<ICIMClass> NamespaceBuilder::Create(const ClassDeclaration& declaration) {
+  const boost::shared_ptr<ICIMClass> superclass = NeedSuperclass(declaration);
+  return At(declaration.place, "class " + Quoted(declaration.name),
+            [&] { return fNamespace->CreateClass(declaration.name, superclass, TContext()); });
+}
+
+void NamespaceBuilder::Fill(ICIMClass& cls, const ClassDeclaration& declaration) {
+  Qualify(cls, declaration.qualifiers);
+  for (const Feature& feature : declaration.features) {
+    if (feature.isMethod) {
+      AddMethod(cls, feature);
+    } else {
+      AddProperty(cls, feature);
+    }
+  }
+  At(declaration.place, "class " + Quoted(declaration.name), [&] { cls.Commit(TContext()); });
 }
 
 void NamespaceBuilder::Qualify(ICIMNamedElement& element, const Qualifiers& qualifiers) {
@@ -162,7 +213,7 @@ void NamespaceBuilder::Qualify(ICIMNamedElement& element, const Qualifiers& qual
       try {
         declaration = fNamespace->GetQualifierDecl(use.name, TContext());
       } catch (const TQDAException& failure) {
-        Fail(use.place, "qualifier \"" + use.name + "\" is not declared above",
+        Fail(use.place, "qualifier " + Quoted(use.name) + " is not declared above",
              failure.GetStatus().GetStatusCode());
       }
     }
@@ -175,7 +226,7 @@ void NamespaceBuilder::Qualify(ICIMNamedElement& element, const Qualifiers& qual
     } else if (declared.GetType() == Type::kCIMTypeBoolean) {
       value.Set(true);
     }
-    At(use.place, "qualifier \"" + use.name + "\"",
+    At(use.place, "qualifier " + Quoted(use.name),
        [&] { element.AddQualifier(declaration, value, TContext())->Commit(TContext()); });
   }
 }
@@ -195,7 +246,7 @@ TCIMValue NamespaceBuilder::DefaultValue(const Feature& feature) {
 
 void NamespaceBuilder::AddProperty(ICIMClass& cls, const Feature& feature) {
   const TCIMValue value = DefaultValue(feature);
-  const std::string what = "property \"" + feature.name + "\"";
+  const std::string what = "property " + Quoted(feature.name);
   const boost::shared_ptr<ICIMPropertyDecl> declaration =
       At(feature.place, what, [&] { return cls.AddPropertyDecl(feature.name, value, TContext()); });
   Qualify(*declaration, feature.qualifiers);
@@ -204,24 +255,25 @@ void NamespaceBuilder::AddProperty(ICIMClass& cls, const Feature& feature) {
 
 void NamespaceBuilder::AddMethod(ICIMClass& cls, const Feature& feature) {
   const boost::shared_ptr<ICIMMethodDecl> method =
-      At(feature.place, "method \"" + feature.name + "\"", [&] {
+      At(feature.place, "method " + Quoted(feature.name), [&] {
         return cls.AddMethodDecl(feature.name, TypeOf(feature.type, ArraySize()), TContext());
       });
   for (const Parameter& parameter : feature.parameters) {
     const boost::shared_ptr<ICIMParameterDecl> declaration =
-        At(parameter.place, "parameter \"" + parameter.name + "\"", [&] {
+        At(parameter.place, "parameter " + Quoted(parameter.name), [&] {
           return method->AddParameterDecl(parameter.name, TypeOf(parameter.type, parameter.array),
                                           TContext());
         });
     Qualify(*declaration, parameter.qualifiers);
-    declaration->Commit(TContext());
+    At(parameter.place, "parameter " + Quoted(parameter.name),
+       [&] { declaration->Commit(TContext()); });
   }
   Qualify(*method, feature.qualifiers);
 }
 
 void NamespaceBuilder::Finish() {
   for (WaitingClass& waiting : fWaitingClasses) {
-    if (!waiting.isInWork) {
+    if (waiting.stage == kWaits) {
       MakeWaiting(waiting);
     }
   }
@@ -229,9 +281,7 @@ void NamespaceBuilder::Finish() {
     Make(value);
   }
   for (const InstanceDeclaration& declaration : fWaitingInstances) {
-    if (declaration.alias.empty() || fAliases.count(FoldCIMName(declaration.alias)) == 0) {
-      Make(declaration);
-    }
+    Make(declaration);
   }
 }
 

@@ -27,9 +27,6 @@ bool IsKey(const ICIMPropertyDecl& declaration) {
   }
 }
 
-// As with classes.
-const int kDeepestChain = 1000;
-
 // The reference that names an instance: its class and its keys.
 TCIMReference NameOf(const boost::shared_ptr<ICIMNamespace>& ns, const ICIMClass& cls,
                      const ICIMInstance& instance) {
@@ -46,6 +43,24 @@ TCIMReference NameOf(const boost::shared_ptr<ICIMNamespace>& ns, const ICIMClass
       };
   instance.EnumerateProperties(visit, TContext());
   return name;
+}
+
+bool HasKeys(const TCIMReference& name) {
+  bool hasKeys = false;
+  name.EnumerateKeyBindings(
+      [&hasKeys](std::pair<std::string, TCIMValue>) { return !(hasKeys = true); });
+  return hasKeys;
+}
+
+boost::shared_ptr<const ICIMPropertyDecl> FindProperty(const ICIMClass& cls,
+                                                       const PropertyValue& property) {
+  try {
+    return cls.GetPropertyDecl(property.name, TContext());
+  } catch (const TQDAException& failure) {
+    Fail(property.place,
+         "class " + Quoted(cls.GetName(TContext())) + " has no property " + Quoted(property.name),
+         failure.GetStatus().GetStatusCode());
+  }
 }
 
 }  // namespace
@@ -69,7 +84,7 @@ bool NamespaceBuilder::IsReady(const InstanceDeclaration& declaration) const {
 void NamespaceBuilder::Add(InstanceDeclaration& declaration) {
   const std::string alias = FoldCIMName(declaration.alias);
   if (!alias.empty() && (fAliases.count(alias) != 0 || fWaitingAliases.count(alias) != 0)) {
-    Fail(declaration.place, "alias \"" + declaration.alias + "\" is taken",
+    Fail(declaration.place, "alias " + Quoted(declaration.alias) + " is taken",
          TQDAStatusCode::kQDAStatusAlreadyExists);
   }
   if (IsReady(declaration)) {
@@ -84,37 +99,54 @@ void NamespaceBuilder::Add(InstanceDeclaration& declaration) {
 
 TCIMReference NamespaceBuilder::Resolve(const Literal& literal) {
   const std::string alias = FoldCIMName(literal.text);
-  const auto known = fAliases.find(alias);
-  if (known != fAliases.end()) {
-    return known->second;
+  auto known = fAliases.find(alias);
+  if (known == fAliases.end()) {
+    const auto waiting = fWaitingAliases.find(alias);
+    if (waiting == fWaitingAliases.end()) {
+      Fail(literal.place, "no instance has the alias " + Quoted(literal.text),
+           TQDAStatusCode::kQDAStatusNotFound);
+    }
+    const InstanceDeclaration* const declaration = waiting->second;
+    if (!declaration) {
+      Fail(literal.place, "the key of " + Quoted(literal.text) + " needs itself",
+           TQDAStatusCode::kQDAStatusInvalidReference);
+    }
+    if (++fChain > kDeepestChain) {
+      Fail(literal.place, "keys of instances need one another in a chain of more than 1000",
+           TQDAStatusCode::kQDAStatusInvalidReference);
+    }
+    waiting->second = nullptr;
+    known = fAliases.emplace(alias, NameOfWaiting(*declaration)).first;
+    --fChain;
   }
-  const auto waiting = fWaitingAliases.find(alias);
-  if (waiting == fWaitingAliases.end()) {
-    Fail(literal.place, "no instance has the alias \"" + literal.text + "\"",
-         TQDAStatusCode::kQDAStatusNotFound);
-  }
-  if (!waiting->second) {
-    Fail(literal.place, "the instances that need each other include \"" + literal.text + "\"",
+  if (!HasKeys(known->second)) {
+    Fail(literal.place,
+         "the instance of alias " + Quoted(literal.text) +
+             " has no key, and nothing can refer to it",
          TQDAStatusCode::kQDAStatusInvalidReference);
   }
-  if (++fChain > kDeepestChain) {
-    Fail(literal.place, "instances need one another in a chain of more than 1000",
-         TQDAStatusCode::kQDAStatusInvalidReference);
+  return known->second;
+}
+
+// The name that an instance will have. Only its keys are looked at: what refers to an instance may
+// be referred to by it.
+TCIMReference NamespaceBuilder::NameOfWaiting(const InstanceDeclaration& declaration) {
+  const boost::shared_ptr<ICIMClass> cls = NeedClass(declaration.className, declaration.place);
+  const std::string what = "an instance of class " + Quoted(declaration.className);
+  const boost::shared_ptr<ICIMInstance> unpublished =
+      At(declaration.place, what, [&] { return cls->CreateInstance(TContext()); });
+  for (const PropertyValue& property : declaration.values) {
+    if (IsKey(*FindProperty(*cls, property))) {
+      const TCIMValue value = ValueFor(*cls, property);
+      At(property.place, "property " + Quoted(property.name),
+         [&] { unpublished->SetProperty(property.name, value, TContext()); });
+    }
   }
-  const TCIMReference made = Make(*waiting->second);
-  --fChain;
-  return made;
+  return At(declaration.place, what, [&] { return NameOf(fNamespace, *cls, *unpublished); });
 }
 
 TCIMValue NamespaceBuilder::ValueFor(const ICIMClass& cls, const PropertyValue& property) {
-  boost::shared_ptr<const ICIMPropertyDecl> declaration;
-  try {
-    declaration = cls.GetPropertyDecl(property.name, TContext());
-  } catch (const TQDAException& failure) {
-    Fail(property.place,
-         "class \"" + cls.GetName(TContext()) + "\" has no property \"" + property.name + "\"",
-         failure.GetStatus().GetStatusCode());
-  }
+  const boost::shared_ptr<const ICIMPropertyDecl> declaration = FindProperty(cls, property);
   const TCIMValue& declared = declaration->GetDefaultValue(TContext());
   const Type type = declaration->GetType(TContext());
   const Slot slot = {static_cast<Type::ECIMType>(type & ~Type::kCIMTypeArrayFlag),
@@ -123,26 +155,22 @@ TCIMValue NamespaceBuilder::ValueFor(const ICIMClass& cls, const PropertyValue& 
                    [this](const Literal& alias) { return Resolve(alias); });
 }
 
-TCIMReference NamespaceBuilder::Make(const InstanceDeclaration& declaration) {
-  const std::string alias = FoldCIMName(declaration.alias);
-  if (!alias.empty()) {
-    fWaitingAliases[alias] = nullptr;
-  }
+void NamespaceBuilder::Make(const InstanceDeclaration& declaration) {
   const boost::shared_ptr<ICIMClass> cls = NeedClass(declaration.className, declaration.place);
-  const std::string what = "an instance of class \"" + declaration.className + "\"";
+  const std::string what = "an instance of class " + Quoted(declaration.className);
   const boost::shared_ptr<ICIMInstance> instance =
       At(declaration.place, what, [&] { return cls->CreateInstance(TContext()); });
   for (const PropertyValue& property : declaration.values) {
     const TCIMValue value = ValueFor(*cls, property);
-    At(property.place, "property \"" + property.name + "\"",
+    At(property.place, "property " + Quoted(property.name),
        [&] { instance->SetProperty(property.name, value, TContext()); });
   }
   At(declaration.place, what, [&] { cls->AddInstance(instance); });
-  if (alias.empty()) {
-    return TCIMReference();
+  const std::string alias = FoldCIMName(declaration.alias);
+  if (!alias.empty() && fAliases.count(alias) == 0) {
+    fAliases[alias] =
+        At(declaration.place, what, [&] { return NameOf(fNamespace, *cls, *instance); });
   }
-  return fAliases[alias] =
-             At(declaration.place, what, [&] { return NameOf(fNamespace, *cls, *instance); });
 }
 
 void NamespaceBuilder::Add(StaticValue& value) {
@@ -156,7 +184,7 @@ void NamespaceBuilder::Add(StaticValue& value) {
 void NamespaceBuilder::Make(const StaticValue& declaration) {
   const boost::shared_ptr<ICIMClass> cls = NeedClass(declaration.className, declaration.place);
   const TCIMValue value = ValueFor(*cls, declaration.value);
-  At(declaration.place, "the static value of \"" + declaration.value.name + "\"",
+  At(declaration.place, "the static value of " + Quoted(declaration.value.name),
      [&] { cls->SetStaticProperty(declaration.value.name, value, TContext()); });
 }
 

@@ -21,8 +21,12 @@ namespace {
 typedef TCIMValue::TCIMType Type;
 typedef std::map<std::string, TCIMValue> Context;
 
-// Four levels stand in sixteen backslashes.
-const int kDeepestEscaped = 4;
+// Four levels stand in sixteen backslashes, twelve in four thousand: no more than that, and no more
+// than this where the library's own form, which escapes nothing, says the same.
+const int kDeepestEscaped = 12;
+const int kDeepestPreferred = 4;
+// What the library reads of its own form.
+const int kDeepestOwnForm = 256;
 
 struct Binding {
   std::string name;
@@ -43,8 +47,9 @@ bool TakeQuoted(const std::string& text, std::size_t& at, std::string& value) {
       ++at;
       return true;
     }
-    if (text[at] == '\\' && ++at == text.size()) {
-      return false;
+    // Before anything else a backslash stands for itself.
+    if (text[at] == '\\' && at + 1 < text.size() && (text[at + 1] == '"' || text[at + 1] == '\\')) {
+      ++at;
     }
     value += text[at];
   }
@@ -70,20 +75,31 @@ bool TakeBinding(const std::string& text, std::size_t& at, Binding& binding) {
   return true;
 }
 
-// False when the text has another form.
-bool Split(const std::string& text, PathParts& parts) {
-  const std::size_t head = std::min(text.find('='), text.size());
-  const std::size_t colon = head == 0 ? std::string::npos : text.rfind(':', head - 1);
-  std::size_t at = 0;
-  if (colon != std::string::npos) {
-    parts.namespaceName.assign(text, 0, colon);
-    at = colon + 1;
-  }
-  const std::size_t dot = text.find('.', at);
-  parts.className.assign(text, at, std::min(dot, text.size()) - at);
-  if (!IsCIMName(parts.className)) {
+// Whether a class and its first key stand at `at`, or a class and nothing else.
+bool BeginsClass(const std::string& text, std::size_t at) {
+  const std::size_t end = text.find_first_of(".:=\"", at);
+  if (!IsCIMName(text.substr(at, end - at)) || (end != std::string::npos && text[end] != '.')) {
     return false;
   }
+  const std::size_t equals = end == std::string::npos ? end : text.find('=', end);
+  return end == std::string::npos ||
+         (equals != std::string::npos && IsCIMName(text.substr(end + 1, equals - end - 1)));
+}
+
+// False when the text has another form.
+bool Split(const std::string& text, PathParts& parts) {
+  // A namespace's name may have any character, the colon itself included.
+  std::size_t at = 0;
+  while (!BeginsClass(text, at)) {
+    const std::size_t colon = text.find(':', at);
+    if (colon == std::string::npos) {
+      return false;
+    }
+    at = colon + 1;
+  }
+  parts.namespaceName.assign(text, 0, at == 0 ? 0 : at - 1);
+  const std::size_t dot = text.find('.', at);
+  parts.className.assign(text, at, std::min(dot, text.size()) - at);
   if (dot == std::string::npos) {
     return true;
   }
@@ -112,7 +128,7 @@ Literal Word(const std::string& text) {
   Scanner scanner(text, file);
   const Token token = scanner.Next();
   if (token.kind != Token::kLiteral || scanner.Next().kind != Token::kEnd) {
-    Fail(Place(), "\"" + text + "\" is no value of a key");
+    Fail(Place(), Quoted(text) + " is no value of a key");
   }
   return token.literal;
 }
@@ -133,8 +149,7 @@ TCIMValue KeyValue(const Binding& binding, Type::ECIMType type,
   if (literal.kind == Literal::kNull && binding.isQuoted) {
     Fail(Place(), "a key in quotes has a value");
   }
-  TCIMValue value = MakeScalar(type, literal, ns);
-  return value;
+  return MakeScalar(type, literal, ns);
 }
 
 TCIMReference Bind(const PathParts& parts, const boost::shared_ptr<ICIMNamespace>& ns) {
@@ -168,6 +183,19 @@ int Depth(const TCIMReference& reference) {
     }
   }
   return depth;
+}
+
+// Whether the library's own form has all of the reference: it knows neither labels nor keys without
+// a value, reads no char16 and no class alone within a path, and rounds real numbers.
+bool HasOwnForm(const TCIMReference& reference) {
+  bool has = reference.GetNameSpaceName().empty() && !BindingsOf(reference).empty();
+  for (const auto& binding : BindingsOf(reference)) {
+    const TCIMValue& value = binding.second;
+    const Type type = value.GetType();
+    has = has && !value.IsNull() && type != Type::kCIMTypeChar16 && type != Type::kCIMTypeReal32 &&
+          type != Type::kCIMTypeReal64 && (!value.IsReference() || HasOwnForm(value));
+  }
+  return has;
 }
 
 std::string InQuotes(const std::string& text) {
@@ -208,8 +236,12 @@ TCIMReference ReadObjectPath(const std::string& text, const boost::shared_ptr<IC
 }
 
 std::string WriteObjectPath(const TCIMReference& reference) {
-  if (Depth(reference) > kDeepestEscaped) {
+  const int depth = Depth(reference);
+  if (depth > kDeepestPreferred && depth <= kDeepestOwnForm && HasOwnForm(reference)) {
     return reference.GetPath();
+  }
+  if (depth > kDeepestEscaped) {
+    throw TQDAException(TQDAStatusCode::kQDAStatusNotSupported);
   }
   const std::string label = reference.GetNameSpaceName();
   std::string path = label.empty() ? "" : label + ":";

@@ -23,8 +23,9 @@ namespace mof {
 // Throws TQDAException with what the class lookup throws, or kQDAStatusInvalidReference.
 TCIMReference ReadObjectPath(const std::string& text, const boost::shared_ptr<ICIMNamespace>& ns);
 
-// References nested deeper than a few levels come in the library's own form, for each level would
-// double the escapes. Then a key without a value throws kQDAStatusValueIsNULL.
+// References nested deeper than four levels come in the library's own form, for each level would
+// double the escapes. Where that form cannot hold them, as it has neither labels nor keys of some
+// types, twelve levels are written with escapes; deeper ones throw kQDAStatusNotSupported.
 std::string WriteObjectPath(const TCIMReference& reference);
 
 }  // namespace mof

@@ -78,7 +78,7 @@ TEST(TextCorpus, ObjectPathsKeepTheirPromises) {
 
 TEST(TextCorpus, MofKeepsItsPromises) {
   const std::vector<std::string> inputs = Corpus("mof");
-  ASSERT_EQ(8u, inputs.size());
+  ASSERT_EQ(12u, inputs.size());
   Replay(inputs, fuzz_text::FuzzMof);
   // Each makes two namespaces, so there are fewer.
   ReplayMutations(inputs, fuzz_text::FuzzMof, 2000);

@@ -51,6 +51,8 @@ const ProblemRow kProblems[] = {
      "class \"b\" is declared a second time", "kQDAStatusAlreadyExists"},
     {"class A : B { };\nclass B : A { };", 9, 11, "class \"A\" and what it needs need each other",
      "kQDAStatusInvalidClass"},
+    {"class A { B REF R; };\nclass B : A { };", 9, 11,
+     "class \"A\" and what it needs need each other", "kQDAStatusInvalidClass"},
     {"class A { uint8 P; string p; };", 8, 27,
      "property \"p\" cannot be made: kQDAStatusAlreadyExists", "kQDAStatusAlreadyExists"},
     {"class A { uint8 M(); uint8 M(); };", 8, 28,
@@ -81,8 +83,12 @@ const ProblemRow kProblems[] = {
      "kQDAStatusAlreadyExists"},
     {"class A { A REF R; };\ninstance of A { R = $none; };", 9, 21,
      "no instance has the alias \"$none\"", "kQDAStatusNotFound"},
-    {"class A { A REF R; };\ninstance of A as $x { R = $y; };\ninstance of A as $y { R = $x; };",
-     10, 27, "the instances that need each other include \"$x\"", "kQDAStatusInvalidReference"},
+    {"class A { [Key] A REF R; };\ninstance of A as $x { R = $y; };\n"
+     "instance of A as $y { R = $x; };",
+     9, 27, "the key of \"$y\" needs itself", "kQDAStatusInvalidReference"},
+    {"class A { A REF R; };\ninstance of A as $x { R = $x; };", 9, 27,
+     "the instance of alias \"$x\" has no key, and nothing can refer to it",
+     "kQDAStatusInvalidReference"},
     {"class A { };\ninstance of A as $x { };\ninstance of A as $X { };", 10, 1,
      "alias \"$X\" is taken", "kQDAStatusAlreadyExists"},
     {"class A { string S; };\ninstance of A { S = $x; };", 9, 21,
@@ -96,6 +102,12 @@ const ProblemRow kProblems[] = {
      "a static value reads \"CLASS.PROPERTY = VALUE\""},
     {"class A { uint8 P; };\n#pragma qda_static_value (\"A.P = x\")", 9, 27,
      "expected a value, found \"x\""},
+    {"class A { uint8 P; };\n#pragma qda_static_value (\"A.P = 256\")", 9, 27,
+     "this number is beyond the range of uint8"},
+    {"class A { uint8 P; };\n#pragma qda_static_value (\"A.Q = 2\")", 9, 27,
+     "class \"A\" has no property \"Q\"", "kQDAStatusNotFound"},
+    {"class A { uint8 P; };\n#pragma qda_static_value (\"A.P = 2; x\")", 9, 27,
+     "expected the end of the static value, found \"x\""},
     {"#pragma include (\"missing.mof\")", 8, 18, "file \"missing.mof\" cannot be opened",
      "kQDAStatusFileNotFound"},
     {"#pragma include (\"\")", 8, 18, "the name of the file to include is missing"},
@@ -146,7 +158,7 @@ TEST(MofProblem, ChainsThatAreNoSchemaEndInsteadOfTheStack) {
                 ReadMofText(CreateMemoryNamespace("x"), text + "class C3000 { };", "t", &problem));
   EXPECT_EQ("classes need one another in a chain of more than 1000", problem.reason);
 
-  text = std::string(kQualifiers) + "class N { N REF Next; };\n";
+  text = std::string(kQualifiers) + "class N { [Key] N REF Next; };\n";
   for (int n = 0; n < 3000; ++n) {
     text += "instance of N as $n" + std::to_string(n) + " { Next = $n" + std::to_string(n + 1) +
             "; };\n";
@@ -154,7 +166,45 @@ TEST(MofProblem, ChainsThatAreNoSchemaEndInsteadOfTheStack) {
   EXPECT_STATUS(kQDAStatusInvalidReference,
                 ReadMofText(CreateMemoryNamespace("x"), text + "instance of N as $n3000 { };", "t",
                             &problem));
-  EXPECT_EQ("instances need one another in a chain of more than 1000", problem.reason);
+  EXPECT_EQ("keys of instances need one another in a chain of more than 1000", problem.reason);
+}
+
+// In a circle each class in work may be asked for twice.
+TEST(MofProblem, LongestCircleOfClassesEnds) {
+  std::string text;
+  for (int n = 0; n < 1000; ++n) {
+    text += "class C" + std::to_string(n) + " : C" + std::to_string((n + 1) % 1000) + " { };\n";
+  }
+  MofProblem problem;
+  EXPECT_STATUS(kQDAStatusInvalidClass,
+                ReadMofText(CreateMemoryNamespace("x"), text, "t", &problem));
+  EXPECT_EQ("class \"C0\" and what it needs need each other", problem.reason);
+  const Namespace ns = CreateMemoryNamespace("x");
+  text.clear();
+  for (int n = 0; n < 1000; ++n) {
+    text +=
+        "class C" + std::to_string(n) + " { C" + std::to_string((n + 1) % 1000) + " REF R; };\n";
+  }
+  EXPECT_TRUE(Read(ns, text));
+  EXPECT_EQ(1000u, RootsOf(ns).size());
+}
+
+TEST(MofProblem, QuotesOnlyTheBeginningOfWhatIsLong) {
+  const std::string huge(1000000, '9');
+  for (const std::string& text :
+       {"class A { uint8 P = " + huge + "; };",
+        "class A { real64 P = " + huge + "." + huge + "x; };", "class A { a" + huge + " P; };",
+        "a" + huge + " A;", "class A { datetime P = \"" + huge + "\"; };",
+        "class A { A REF P = \"" + huge + "\"; };",
+        "instance of A as $a" + huge + " { P = $b" + huge + "; };",
+        "class A { [a" + huge + "] uint8 P; };"}) {
+    MofProblem problem;
+    EXPECT_NE("nothing", test_support::ThrownStatus([&] {
+                ReadMofText(CreateMemoryNamespace("x"), text, "t", &problem);
+              }));
+    EXPECT_GT(500u, problem.reason.size()) << problem.reason.substr(0, 100);
+    EXPECT_FALSE(problem.reason.empty());
+  }
 }
 
 TEST(MofInclude, IsRelativeToTheFileThatNamesIt) {
@@ -186,6 +236,33 @@ TEST(MofInclude, CircleEnds) {
   MofProblem problem;
   EXPECT_STATUS(kQDAStatusInvalidFormat, ReadMofFile(CreateMemoryNamespace("x"), top, &problem));
   EXPECT_EQ("files include one another more than 64 levels deep", problem.reason);
+}
+
+// Each of twenty files includes the next one ten times.
+TEST(MofInclude, FilesThatMultiplyEnd) {
+  const TemporaryFolder folder;
+  for (int level = 0; level < 20; ++level) {
+    std::string text;
+    for (int times = 0; times < 10; ++times) {
+      text += "#pragma include (\"" + std::to_string(level + 1) + ".mof\")\n";
+    }
+    folder.Write(std::to_string(level) + ".mof", text);
+  }
+  folder.Write("20.mof", "");
+  MofProblem problem;
+  EXPECT_STATUS(kQDAStatusInvalidFormat,
+                ReadMofFile(CreateMemoryNamespace("x"), folder.PathOf("0.mof"), &problem));
+  EXPECT_EQ("more than 10000 files are included", problem.reason);
+}
+
+TEST(MofInclude, FolderIsNoFile) {
+  const TemporaryFolder folder;
+  folder.Write("a/b.mof", "");
+  const std::string top = folder.Write("top.mof", "#pragma include (\"a\")\n");
+  MofProblem problem;
+  EXPECT_STATUS(kQDAStatusFileSystemError, ReadMofFile(CreateMemoryNamespace("x"), top, &problem));
+  EXPECT_EQ("\"" + folder.PathOf("a") + "\" is no file that can be included", problem.reason);
+  EXPECT_EQ(1u, problem.line);
 }
 
 TEST(MofInclude, FileThatIsNotThereIsToldByItsName) {

@@ -1,5 +1,7 @@
 // What a MOF text makes of a namespace.
 
+#include <algorithm>
+
 #include <tests/qdamemory/NamespaceContent.h>
 #include <tests/qdamemory/mof/MofTestSupport.h>
 
@@ -99,6 +101,58 @@ TEST(MofRead, AliasesResolveInAnyOrder) {
   EXPECT_EQ(3u, ContentOf(ns).instances.at("N").size());
 }
 
+// Only the keys name an instance, so circles of other references are none.
+TEST(MofRead, InstancesMayReferToEachOther) {
+  const Namespace ns = ReadNew(std::string(kQualifiers) +
+                               "class N { [Key] string ID = \"default\"; N REF Next; };\n"
+                               "instance of N as $a { Next = $b; };\n"
+                               "instance of N as $b { Next = $a; ID = \"old\"; ID = \"b\"; };\n"
+                               "instance of N as $self { ID = \"self\"; Next = $self; };\n");
+  const char* const steps[][2] = {{"default", "b"}, {"b", "default"}, {"self", "self"}};
+  for (const auto& step : steps) {
+    const Instance instance = Resolve(ns, std::string("N.ID=\"") + step[0] + "\"");
+    ASSERT_TRUE(instance != Instance()) << step[0];
+    const TCIMReference next = ValueOf(instance, "Next");
+    EXPECT_EQ(std::string("N.ID=\"") + step[1] + "\"", next.GetPath());
+  }
+  EXPECT_EQ(3u, ContentOf(ns).instances.at("N").size());
+}
+
+TEST(MofRead, AliasesMayWaitForOneAnotherInAnyNumber) {
+  std::string text = std::string(kQualifiers) + "class N { [Key] uint32 ID; N REF Next; };\n";
+  for (int n = 0; n < 3000; ++n) {
+    text += "instance of N as $n" + std::to_string(n) + " { ID = " + std::to_string(n) +
+            "; Next = $n" + std::to_string((n + 1) % 3000) + "; };\n";
+  }
+  EXPECT_EQ(3000u, ContentOf(ReadNew(text)).instances.at("N").size());
+}
+
+// One that is open already may be referred to; a superclass must be whole.
+TEST(MofRead, ClassesMayReferToEachOther) {
+  const std::vector<std::string> declarations[] = {
+      {"class A { B REF R; };", "class B { A REF R; };"},
+      {"class A { B REF R; };", "class B { C REF R; };", "class C { A REF R; B REF S; };"},
+      {"class S { D REF R; };", "class D { X REF R; };", "class X : S { };"},
+      {"class S { D REF R; };", "class D { E REF R; };", "class E { X REF R; };",
+       "class X : S { };"},
+  };
+  for (std::vector<std::string> texts : declarations) {
+    std::sort(texts.begin(), texts.end());
+    do {
+      std::string text;
+      for (const std::string& declaration : texts) {
+        text += declaration + "\n";
+      }
+      SCOPED_TRACE(text);
+      const Namespace ns = ReadNew(text);
+      const NamespaceContent content = ContentOf(ns);
+      EXPECT_EQ(texts.size(), content.classOrder.size());
+      const Namespace again = ReadNew(Written(ns));
+      EXPECT_EQ(content.classes, ContentOf(again).classes);
+    } while (std::next_permutation(texts.begin(), texts.end()));
+  }
+}
+
 struct PathRow {
   const char* name;
   const char* text;      // inside the quotes of a MOF string
@@ -109,10 +163,15 @@ const PathRow kPaths[] = {
     {"string key in quotes", "D.ID=\\\"sda\\\",N=1", ":D <ID=13 sda> <N=2 1>"},
     {"quotes and backslashes in a key", "D.ID=\\\"a\\\\\\\"b\\\\\\\\\\\",N=0x1F",
      ":D <ID=13 a\"b\\> <N=2 31>"},
+    {"a backslash before anything else", "D.ID=\\\"a\\\\qb\\\\\\\\c\\\",N=1",
+     ":D <ID=13 a\\qb\\c> <N=2 1>"},
     {"the library's own form", "D.ID=\\\"sda\\\",N=\\\"7\\\"", ":D <ID=13 sda> <N=2 7>"},
     {"names in another case", "d.id=\\\"sda\\\",n=2", ":D <ID=13 sda> <N=2 2>"},
     {"a namespace in front", "root/cimv2:D.ID=\\\"a:b.c=d\\\",N=1",
      "root/cimv2:D <ID=13 a:b.c=d> <N=2 1>"},
+    {"a namespace of odd characters", "x=y.z:a.b:D.ID=\\\"sda\\\",N=1",
+     "x=y.z:a.b:D <ID=13 sda> <N=2 1>"},
+    {"a namespace in front of a class", "root/a.b:D", "root/a.b:D"},
     {"a class alone", "D", ":D"},
     {"a key without a value", "D.ID=NULL,N=null", ":D <ID=13 null> <N=2 null>"},
     {"a reference in a reference", "L.D=\\\"D.ID=\\\\\\\"x\\\\\\\",N=3\\\",On=TRUE",

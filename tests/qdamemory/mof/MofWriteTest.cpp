@@ -125,6 +125,76 @@ TEST(MofWrite, ReferencesNestToAnyDepth) {
   ExpectRoundTrip(ns);
 }
 
+// What the library's own form of a path cannot hold keeps its escapes, as long as they are
+// bearable.
+TEST(MofWrite, DeepReferencesKeepWhatTheOwnFormLacks) {
+  const struct {
+    const char* type;
+    TCIMValue value;
+    const char* label;
+  } rows[] = {
+      {"char16", TCIMValue(TCIMChar16(static_cast<unsigned short>(0x22))), ""},
+      {"real32", TCIMValue(1.0f / 3), ""},
+      {"real64", TCIMValue(1.0 / 3), ""},
+      {"string", Null(Type::kCIMTypeString), ""},
+      {"string", TCIMValue("a\"b\\"), "root/x=y"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.type);
+    std::string text = std::string(kQualifiers) + "class C0 { [Key] " + row.type + " K; };\n";
+    for (int depth = 1; depth <= 13; ++depth) {
+      text += "class C" + std::to_string(depth) + " { [Key] C" + std::to_string(depth - 1) +
+              " REF R; };\n";
+    }
+    const Namespace ns = ReadNew(text + "class End { Any REF To; };");
+    TCIMReference reference(ns);
+    reference.SetClassName("C0");
+    reference.AddKeyValue("K", row.value);
+    reference.SetNameSpaceName(row.label);
+    for (int depth = 1; depth <= 13; ++depth) {
+      TCIMReference outer(ns);
+      outer.SetClassName("C" + std::to_string(depth));
+      outer.AddKeyValue("R", TCIMValue(reference));
+      reference = outer;
+      if (depth == 6 || depth == 12) {
+        const Instance end = ClassOf(ns, "End")->CreateInstance(None());
+        end->SetProperty("To", TCIMValue(reference), None());
+        ClassOf(ns, "End")->AddInstance(end);
+      }
+    }
+    ExpectRoundTrip(ns);
+    const Instance end = ClassOf(ns, "End")->CreateInstance(None());
+    end->SetProperty("To", TCIMValue(reference), None());
+    ClassOf(ns, "End")->AddInstance(end);
+    EXPECT_STATUS(kQDAStatusNotSupported, Written(ns));
+  }
+}
+
+TEST(MofWrite, ReferencesBeyondWhatIsReadAreNotSupported) {
+  const Namespace ns = ReadNew(std::string(kQualifiers) +
+                               "class L { [Key] string K; }; class R { [Key] Any REF R; };");
+  TCIMReference reference(ns);
+  reference.SetClassName("L");
+  reference.AddKeyValue("K", TCIMValue("a"));
+  const auto publish = [&] {
+    const Instance instance = ClassOf(ns, "R")->CreateInstance(None());
+    instance->SetProperty("R", TCIMValue(reference), None());
+    ClassOf(ns, "R")->AddInstance(instance);
+  };
+  for (int depth = 1; depth <= 257; ++depth) {
+    TCIMReference outer(ns);
+    outer.SetClassName("R");
+    outer.AddKeyValue("R", TCIMValue(reference));
+    reference = outer;
+    if (depth == 256) {
+      publish();
+      ExpectRoundTrip(ns);
+    }
+  }
+  publish();
+  EXPECT_STATUS(kQDAStatusNotSupported, Written(ns));
+}
+
 TEST(MofWrite, KeysWithoutValuesAndLabelsSurvive) {
   const Namespace ns = ReadNew(std::string(kQualifiers) +
                                "class A { [Key] string K; [Key] uint8 N; A REF To; };"
