@@ -1,9 +1,8 @@
 // Whole schemas: copied between namespaces in memory, and read from MOF. "pairs": see
 // MemoryBench.h; "heap" is what a copy leaves on the heap, in bytes.
 //
-// The DMTF schema is no part of this project: QDACORE_DMTF_SCHEMA names its main file.
+// The DMTF schema is no part of this project: QDACORE_DMTF_SCHEMA names its folder.
 
-#include <cstdlib>
 #include <sstream>
 #include <string>
 
@@ -23,6 +22,7 @@
 #include <qdamemory/MemoryNamespace.h>
 #include <qdamemory/Mof.h>
 #include <qdamemory/StandardQualifiers.h>
+#include <tests/support/DmtfSchema.h>
 
 namespace {
 
@@ -96,9 +96,9 @@ TNamespace BuiltSchema() {
 
 // Empty, and the bench told why, when it is not there.
 TNamespace DmtfSchema(benchmark::State& state) {
-  const char* const path = std::getenv("QDACORE_DMTF_SCHEMA");
-  if (!path || !*path) {
-    state.SkipWithError("QDACORE_DMTF_SCHEMA names no file");
+  const std::string path = test_support::DmtfSchemaFile();
+  if (path.empty()) {
+    state.SkipWithError("QDACORE_DMTF_SCHEMA names no folder");
     return TNamespace();
   }
   const TNamespace ns = CreateMemoryNamespace("dmtf");
@@ -161,7 +161,7 @@ void ReadMofOfDmtfSchema(benchmark::State& state) {
   if (!DmtfSchema(state)) {
     return;
   }
-  const char* const path = std::getenv("QDACORE_DMTF_SCHEMA");
+  const std::string path = test_support::DmtfSchemaFile();
   CountPairs(state);
   for (auto _ : state) {
     const TNamespace ns = CreateMemoryNamespace("read");

@@ -1,12 +1,12 @@
 // The DMTF schema 2.49.0 itself, read, counted, copied, written and read again. It is no part of
-// this project: the environment variable QDACORE_DMTF_SCHEMA names its main file.
+// this project: the environment variable QDACORE_DMTF_SCHEMA names its folder.
 
-#include <cstdlib>
-#include <set>
+#include <algorithm>
 
 #include <qdacore/cim/object/TCIMCopy.h>
 #include <tests/qdamemory/NamespaceContent.h>
 #include <tests/qdamemory/mof/MofTestSupport.h>
+#include <tests/support/DmtfSchema.h>
 
 namespace {
 
@@ -52,9 +52,9 @@ void Count(const Class& cls, std::size_t depth, Counts& counts) {
 
 struct MofDmtfSchema : testing::Test {
   void SetUp() override {
-    const char* const path = std::getenv("QDACORE_DMTF_SCHEMA");
-    if (!path || !*path) {
-      GTEST_SKIP() << "no DMTF schema: QDACORE_DMTF_SCHEMA names no file";
+    const std::string path = test_support::DmtfSchemaFile();
+    if (path.empty()) {
+      GTEST_SKIP() << "no DMTF schema: QDACORE_DMTF_SCHEMA names no folder";
     }
     MofProblem problem;
     try {
