@@ -1,5 +1,8 @@
 #include <qda/SmbiosFieldTables.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace qda {
 
 namespace {
@@ -432,12 +435,15 @@ const char* const kTypeNames[] = {
 }  // namespace
 
 const SmbiosTypeRow* FieldsOfType(unsigned int type) {
-  for (const SmbiosTypeRow& row : kTypes) {
-    if (row.type == type) {
-      return &row;
+  for (const SmbiosTypeTable& table :
+       {SmbiosTypeTable{std::begin(kTypes), std::end(kTypes)}, PlatformTypes()}) {
+    const SmbiosTypeRow* const row = std::find_if(
+        table.begin, table.end, [type](const SmbiosTypeRow& each) { return each.type == type; });
+    if (row != table.end) {
+      return row;
     }
   }
-  return FieldsOfPlatformType(type);
+  return nullptr;
 }
 
 const char* NameOfType(unsigned int type) {

@@ -24,8 +24,13 @@ constexpr SmbiosTypeRow RowsOf(unsigned int type, const SmbiosFieldRow (&rows)[c
 // Null when the type is not decoded.
 const SmbiosTypeRow* FieldsOfType(unsigned int type);
 
-// The same for batteries, sensors, power and what manages the machine only.
-const SmbiosTypeRow* FieldsOfPlatformType(unsigned int type);
+// Those of batteries, sensors, power and what manages the machine, which stand in a file of their
+// own.
+struct SmbiosTypeTable {
+  const SmbiosTypeRow* begin;
+  const SmbiosTypeRow* end;
+};
+SmbiosTypeTable PlatformTypes();
 
 // The name of a type, known or not: "Memory Device", "OEM-specific", "Unknown".
 const char* NameOfType(unsigned int type);

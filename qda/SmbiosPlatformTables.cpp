@@ -2,6 +2,8 @@
 
 #include <qda/SmbiosFieldTables.h>
 
+#include <iterator>
+
 namespace qda {
 
 namespace {
@@ -317,13 +319,6 @@ const SmbiosTypeRow kTypes[] = {
 
 }  // namespace
 
-const SmbiosTypeRow* FieldsOfPlatformType(unsigned int type) {
-  for (const SmbiosTypeRow& row : kTypes) {
-    if (row.type == type) {
-      return &row;
-    }
-  }
-  return nullptr;
-}
+SmbiosTypeTable PlatformTypes() { return {std::begin(kTypes), std::end(kTypes)}; }
 
 }  // namespace qda
