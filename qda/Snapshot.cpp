@@ -6,7 +6,6 @@
 
 #include <fmt/format.h>
 
-#include <qda/ClassTree.h>
 #include <qda/Text.h>
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMInstance.h>
@@ -28,9 +27,6 @@ namespace {
 
 typedef std::map<std::string, TCIMValue> Context;
 
-// References are followed this far; what lies behind comes in the order of its class.
-const int kDeepestReference = 100;
-
 template <class Question>
 bool IsThere(Question ask) {
   try {
@@ -51,40 +47,113 @@ class InstanceCopier {
                  const std::string& provider)
       : fPaths(source), fTarget(target), fProvider(provider) {}
 
-  void Copy(const shared_ptr<ICIMInstance>& instance, int depth) {
-    const InstancePath path = fPaths.PathOf(*instance);
-    if (!path.path.empty() && !fSeen.insert(path.path).second) {
-      return;
+  // Those of the class itself.
+  void CopyInstancesOf(const ICIMNamespace& source, const std::string& className) {
+    std::vector<shared_ptr<ICIMInstance>> instances;
+    try {
+      const shared_ptr<ICIMClass> cls = source.GetClass(className, Context());
+      if (!cls) {
+        throw TQDAException(TQDAStatusCode::kQDAStatusNotFound);
+      }
+      boost::function<bool(shared_ptr<ICIMInstance>)> collect =
+          TAddToVectorCallback<ICIMInstance>(&instances);
+      cls->EnumerateInstances(collect, false, Context());
+    } catch (const TQDAException& failure) {
+      LeaveOut("what is left of the instances of " + className, failure);
     }
-    if (depth < kDeepestReference) {
-      boost::function<bool(shared_ptr<ICIMProperty>)> visit =
-          [this, depth](shared_ptr<ICIMProperty> property) {
-            CopyReferenced(property->GetValue(Context()), depth);
-            return true;
-          };
-      instance->EnumerateProperties(visit, Context());
+    for (const shared_ptr<ICIMInstance>& instance : instances) {
+      Copy(instance);
     }
-    CopyOne(instance, path);
   }
 
   std::size_t Copied() const { return fCopied; }
   bool HasAll() const { return fHasAll; }
 
  private:
-  void CopyReferenced(const TCIMValue& value, int depth) {
-    if (!value.IsReference() || value.IsNull()) {
+  // An instance on the way, and what it refers to.
+  struct Step {
+    shared_ptr<ICIMInstance> instance;
+    InstancePath path;
+    std::vector<shared_ptr<ICIMInstance>> referenced;
+    std::size_t next;
+  };
+
+  // Not by recursion: how far references lead is the provider's word.
+  void Copy(const shared_ptr<ICIMInstance>& instance) {
+    std::vector<Step> way;
+    Enter(instance, way);
+    while (!way.empty()) {
+      Step& at = way.back();
+      if (at.next < at.referenced.size()) {
+        Enter(shared_ptr<ICIMInstance>(at.referenced[at.next++]), way);
+      } else {
+        CopyOne(at.instance, at.path);
+        way.pop_back();
+      }
+    }
+  }
+
+  // Nothing happens to one that was met before.
+  void Enter(const shared_ptr<ICIMInstance>& instance, std::vector<Step>& way) {
+    if (!instance) {
       return;
     }
     try {
-      const TCIMReference reference = value;
-      const shared_ptr<ICIMInstance> referenced =
-          boost::dynamic_pointer_cast<ICIMInstance>(reference.GetCIMElement(false));
-      // One without a path would be copied once for each reference to it.
-      if (referenced && !fPaths.PathOf(*referenced).path.empty()) {
-        Copy(referenced, depth + 1);
+      const InstancePath path = fPaths.PathOf(*instance);
+      if (path.path.empty() || fSeen.insert(path.path).second) {
+        way.push_back({instance, path, ReferencedBy(*instance), 0});
       }
+    } catch (const TQDAException& failure) {
+      LeaveOut("an instance whose class cannot be had", failure);
+    }
+  }
+
+  std::vector<shared_ptr<ICIMInstance>> ReferencedBy(const ICIMInstance& instance) {
+    std::vector<shared_ptr<ICIMInstance>> referenced;
+    boost::function<bool(shared_ptr<ICIMProperty>)> visit = [&](shared_ptr<ICIMProperty> property) {
+      AddReferenced(property->GetValue(Context()), referenced);
+      return true;
+    };
+    try {
+      instance.EnumerateProperties(visit, Context());
     } catch (const TQDAException&) {
-      // It refers to nothing here; the reference itself is copied all the same.
+      // Copying it meets the same, and tells.
+    }
+    return referenced;
+  }
+
+  void AddReferenced(const TCIMValue& value, std::vector<shared_ptr<ICIMInstance>>& referenced) {
+    if (value.IsNull()) {
+      return;
+    }
+    if (value.IsArray()) {
+      const std::vector<TCIMValue>& elements = value;
+      for (const TCIMValue& element : elements) {
+        AddReferenced(element, referenced);
+      }
+    } else if (value.IsReference()) {
+      const shared_ptr<ICIMInstance> instance = Resolve(value);
+      // One without a path would be copied once for each reference to it.
+      if (instance && HasPath(*instance)) {
+        referenced.push_back(instance);
+      }
+    }
+  }
+
+  // An empty pointer where it refers to nothing; the reference itself is copied all the same.
+  static shared_ptr<ICIMInstance> Resolve(const TCIMReference& reference) {
+    try {
+      return boost::dynamic_pointer_cast<ICIMInstance>(reference.GetCIMElement(false));
+    } catch (const TQDAException&) {
+      return shared_ptr<ICIMInstance>();
+    }
+  }
+
+  bool HasPath(const ICIMInstance& instance) {
+    try {
+      return !fPaths.PathOf(instance).path.empty();
+    } catch (const TQDAException&) {
+      return false;
     }
   }
 
@@ -93,11 +162,13 @@ class InstanceCopier {
       TCIMCopy::CopyInstance(instance, fTarget);
       ++fCopied;
     } catch (const TQDAException& failure) {
-      fHasAll = false;
-      Complain(fmt::format("provider \"{}\": {} is left out ({})", fProvider,
-                           path.path.empty() ? "an instance of " + path.className : path.path,
-                           failure.what()));
+      LeaveOut(path.path.empty() ? "an instance of " + path.className : path.path, failure);
     }
+  }
+
+  void LeaveOut(const std::string& what, const TQDAException& failure) {
+    fHasAll = false;
+    Complain(fmt::format("provider \"{}\": {} is left out ({})", fProvider, what, failure.what()));
   }
 
   PathFinder fPaths;
@@ -107,6 +178,18 @@ class InstanceCopier {
   std::size_t fCopied = 0;
   bool fHasAll = true;
 };
+
+bool IsEmpty(const ICIMNamespace& ns) {
+  bool isEmpty = true;
+  boost::function<bool(shared_ptr<ICIMClass>)> visitClass = [&isEmpty](shared_ptr<ICIMClass>) {
+    return isEmpty = false;
+  };
+  boost::function<bool(shared_ptr<ICIMQualifierDecl>)> visitDeclaration =
+      [&isEmpty](shared_ptr<ICIMQualifierDecl>) { return isEmpty = false; };
+  ns.EnumerateClasses(visitClass, Context());
+  ns.EnumerateQualifierDecls(visitDeclaration, Context());
+  return isEmpty;
+}
 
 void AddMissingDeclarations(const ICIMNamespace& source, ICIMNamespace& target) {
   boost::function<bool(shared_ptr<ICIMQualifierDecl>)> visit =
@@ -128,14 +211,16 @@ void AddMissingDeclarations(const ICIMNamespace& source, ICIMNamespace& target) 
 
 Snapshot::Snapshot() : fTarget(CreateMemoryNamespace("snapshot")) {}
 
-void Snapshot::AddSchema(const shared_ptr<ICIMNamespace>& source) {
-  if (fIsEmpty) {
+Snapshot::Snapshot(const shared_ptr<ICIMNamespace>& target) : fTarget(target) {}
+
+void Snapshot::AddSchema(const shared_ptr<ICIMNamespace>& source,
+                         const std::vector<ClassNode>& classes) {
+  if (IsEmpty(*fTarget)) {
     // The product's records come with the other instances.
     TCIMCopy::CopyClasses(source, fTarget, true);
     return;
   }
   AddMissingDeclarations(*source, *fTarget);
-  const std::vector<ClassNode> classes = ReadClassTree(*source);
   for (const bool associations : {false, true}) {
     for (const ClassNode& node : classes) {
       if (node.isAssociation == associations &&
@@ -148,17 +233,10 @@ void Snapshot::AddSchema(const shared_ptr<ICIMNamespace>& source) {
 
 bool Snapshot::Add(const shared_ptr<ICIMNamespace>& source, const std::string& provider) {
   const std::vector<ClassNode> classes = ReadClassTree(*source);
-  AddSchema(source);
-  fIsEmpty = fIsEmpty && classes.empty();
+  AddSchema(source, classes);
   InstanceCopier copier(source, fTarget, provider);
   for (const ClassNode& node : classes) {
-    std::vector<shared_ptr<ICIMInstance>> instances;
-    boost::function<bool(shared_ptr<ICIMInstance>)> collect =
-        TAddToVectorCallback<ICIMInstance>(&instances);
-    source->GetClass(node.name, Context())->EnumerateInstances(collect, false, Context());
-    for (const shared_ptr<ICIMInstance>& instance : instances) {
-      copier.Copy(instance, 0);
-    }
+    copier.CopyInstancesOf(*source, node.name);
   }
   fInstances += copier.Copied();
   return copier.HasAll();

@@ -5,9 +5,11 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include <boost/shared_ptr.hpp>
 
+#include <qda/ClassTree.h>
 #include <qda/InstancePath.h>
 
 namespace NZRVQDA20 {
@@ -21,6 +23,8 @@ namespace qda {
 class Snapshot {
  public:
   Snapshot();
+  // Into this namespace, which is empty.
+  explicit Snapshot(const boost::shared_ptr<NZRVQDA20::ICIMNamespace>& target);
 
   const boost::shared_ptr<NZRVQDA20::ICIMNamespace>& Namespace() const { return fTarget; }
   std::size_t InstanceCount() const { return fInstances; }
@@ -32,11 +36,11 @@ class Snapshot {
   bool Add(const boost::shared_ptr<NZRVQDA20::ICIMNamespace>& source, const std::string& provider);
 
  private:
-  void AddSchema(const boost::shared_ptr<NZRVQDA20::ICIMNamespace>& source);
+  void AddSchema(const boost::shared_ptr<NZRVQDA20::ICIMNamespace>& source,
+                 const std::vector<ClassNode>& classes);
 
   const boost::shared_ptr<NZRVQDA20::ICIMNamespace> fTarget;
   std::size_t fInstances = 0;
-  bool fIsEmpty = true;
 };
 
 }  // namespace qda

@@ -418,6 +418,7 @@ Pointer<Namespace> Namespace::Create(Calls& record, const std::string& elementLa
 // Values hold classes and classes hold values.
 Namespace::~Namespace() {
   for (const Pointer<Class>& cls : classes) {
+    byPath.clear();
     cls->instances.clear();
     cls->statics.clear();
     cls->declarations.clear();
@@ -476,9 +477,14 @@ void Namespace::EnumerateQualifierDecls(Visitor<ICIMQualifierDecl>& visit, Conte
   Note("EnumerateQualifierDecls", context);
   Offer<ICIMQualifierDecl>(qualifierDecls, visit);
 }
-Pointer<ICIMInstance> Namespace::GetInstance(const TCIMReference&, Context context) const {
+Pointer<ICIMInstance> Namespace::GetInstance(const TCIMReference& reference,
+                                             Context context) const {
   Note("GetInstance", context);
-  return Pointer<ICIMInstance>();
+  if (byPath.empty()) {
+    return Pointer<ICIMInstance>();
+  }
+  const auto found = byPath.find(reference.GetPath());
+  return found == byPath.end() ? Pointer<Instance>() : found->second;
 }
 
 Pointer<QualifierDecl> Namespace::DeclareQualifier(const std::string& name, const TCIMValue& value,

@@ -298,6 +298,8 @@ class Namespace : public NZRVQDA20::ICIMNamespace,
   std::vector<std::string> Content() const;
 
   bool showsInherited = false;
+  // What GetInstance finds.
+  std::map<std::string, Pointer<Instance>> byPath;
   std::vector<Pointer<QualifierDecl>> qualifierDecls;
   std::vector<Pointer<Class>> classes;
 
