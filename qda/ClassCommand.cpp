@@ -11,6 +11,7 @@
 #include <qda/ClassOutput.h>
 #include <qda/CommandOptions.h>
 #include <qda/SourceNamespace.h>
+#include <qda/SourceText.h>
 #include <qda/Text.h>
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
@@ -28,7 +29,7 @@ struct ClassOptions {
 int RunClass(const ClassOptions& options, Format format) {
   const boost::shared_ptr<NZRVQDA20::ICIMNamespace> ns = OpenNamespace(options.source);
   const boost::shared_ptr<NZRVQDA20::ICIMClass> cls =
-      ns ? FindClass(*ns, options.name) : boost::shared_ptr<NZRVQDA20::ICIMClass>();
+      ns ? FindClass(*ns, options.name, options.source) : boost::shared_ptr<NZRVQDA20::ICIMClass>();
   if (!cls) {
     return kExitFailed;
   }
@@ -36,8 +37,9 @@ int RunClass(const ClassOptions& options, Format format) {
   try {
     model = ReadClass(cls);
   } catch (const NZRVQDA20::TQDAException& failure) {
-    Complain(fmt::format("class \"{}\": what the provider serves cannot be read ({}){}",
-                         options.name, failure.what(), KeptWarnings()));
+    Complain(fmt::format("class \"{}\"{}: {} cannot be read ({}){}", options.name,
+                         OfSnapshot(options.source), ServedText(options.source), failure.what(),
+                         KeptWarnings()));
     return kExitFailed;
   }
   return PrintResult(format == Format::kJson ? ClassJson(model) : ClassTable(model)) ? kExitDone

@@ -11,6 +11,7 @@
 #include <qda/CimText.h>
 #include <qda/ClassTree.h>
 #include <qda/NearNames.h>
+#include <qda/SourceText.h>
 #include <qda/Text.h>
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMMethodDecl.h>
@@ -194,7 +195,8 @@ std::string NearClasses(const ICIMNamespace& ns, const std::string& name) {
   return near.empty() ? "" : fmt::format("; near it: {}", fmt::join(near, ", "));
 }
 
-shared_ptr<ICIMClass> FindClass(const ICIMNamespace& ns, const std::string& name) {
+shared_ptr<ICIMClass> FindClass(const ICIMNamespace& ns, const std::string& name,
+                                const SourceOptions& source) {
   std::string status = "kQDAStatusNotFound";
   try {
     const shared_ptr<ICIMClass> cls = ns.GetClass(name, Context());
@@ -205,9 +207,9 @@ shared_ptr<ICIMClass> FindClass(const ICIMNamespace& ns, const std::string& name
     status = failure.what();
   }
   Complain(
-      fmt::format("class \"{}\": the namespace gives none of that name ({}){}; see \"qda "
-                  "classes\"",
-                  name, status, NearClasses(ns, name)));
+      fmt::format("class \"{}\"{}: the namespace gives none of that name ({}){}; see \"qda "
+                  "classes{}\"",
+                  name, OfSnapshot(source), status, NearClasses(ns, name), FromOption(source)));
   return shared_ptr<ICIMClass>();
 }
 

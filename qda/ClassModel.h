@@ -12,6 +12,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <qda/Options.h>
+
 namespace NZRVQDA20 {
 class ICIMClass;
 class ICIMNamespace;
@@ -78,9 +80,10 @@ ClassModel ReadClass(const boost::shared_ptr<NZRVQDA20::ICIMClass>& cls);
 std::vector<std::string> KeysOf(const boost::shared_ptr<NZRVQDA20::ICIMClass>& cls);
 
 // The class of that name; case counts as the namespace has it. An empty pointer after a message
-// that tells what the namespace said, and names that are near.
+// that tells what the namespace said, and names that are near. `source` is where `ns` is from.
 boost::shared_ptr<NZRVQDA20::ICIMClass> FindClass(const NZRVQDA20::ICIMNamespace& ns,
-                                                  const std::string& name);
+                                                  const std::string& name,
+                                                  const SourceOptions& source);
 
 // The end of a message about a class that is not there: "; near it: A, B", or nothing.
 std::string NearClasses(const NZRVQDA20::ICIMNamespace& ns, const std::string& name);

@@ -12,6 +12,7 @@
 #include <qda/CommandOptions.h>
 #include <qda/Json.h>
 #include <qda/SourceNamespace.h>
+#include <qda/SourceText.h>
 #include <qda/Text.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/frame/TQDAException.h>
@@ -40,9 +41,8 @@ std::string TreeTable(const std::vector<ClassNode>& nodes) {
   return Columns(rows);
 }
 
-std::string TreeJson(const std::vector<ClassNode>& nodes, const std::string& provider) {
-  nlohmann::ordered_json json;
-  json["provider"] = provider;
+std::string TreeJson(const std::vector<ClassNode>& nodes, const SourceOptions& source) {
+  nlohmann::ordered_json json = SourceJson(source);
   json["classes"] = nlohmann::ordered_json::array();
   for (const ClassNode& node : nodes) {
     nlohmann::ordered_json row;
@@ -68,11 +68,11 @@ int RunClasses(const SourceOptions& options, Format format) {
   try {
     nodes = ReadClassTree(*ns);
   } catch (const NZRVQDA20::TQDAException& failure) {
-    Complain(fmt::format("provider \"{}\": its classes cannot be read ({}){}", options.provider,
+    Complain(fmt::format("{}: its classes cannot be read ({}){}", SourceText(options),
                          failure.what(), KeptWarnings()));
     return kExitFailed;
   }
-  return PrintResult(format == Format::kJson ? TreeJson(nodes, options.provider) : TreeTable(nodes))
+  return PrintResult(format == Format::kJson ? TreeJson(nodes, options) : TreeTable(nodes))
              ? kExitDone
              : kExitFailed;
 }

@@ -14,6 +14,7 @@
 #include <qda/InstancePath.h>
 #include <qda/Json.h>
 #include <qda/SourceNamespace.h>
+#include <qda/SourceText.h>
 #include <qda/Text.h>
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMInstance.h>
@@ -49,41 +50,43 @@ bool HasClass(const ICIMNamespace& ns, const std::string& name) {
 }
 
 // Says why nothing has that path, and what to try.
-void ExplainPath(const ICIMNamespace& ns, const std::string& path, const TQDAException& failure) {
+void ExplainPath(const ICIMNamespace& ns, const GetOptions& options, const TQDAException& failure) {
+  const std::string asked = "path \"" + options.path + "\"" + OfSnapshot(options.source);
+  const std::string from = FromOption(options.source);
   const std::string why = KeptWarnings();
-  const std::string cls = ClassPart(path);
+  const std::string cls = ClassPart(options.path);
   if (!HasClass(ns, cls)) {
-    Complain(fmt::format("path \"{}\": there is no class \"{}\" ({}){}; see \"qda classes\"", path,
-                         cls, failure.what(), NearClasses(ns, cls)));
+    Complain(fmt::format("{}: there is no class \"{}\" ({}){}; see \"qda classes{}\"", asked, cls,
+                         failure.what(), NearClasses(ns, cls), from));
     return;
   }
   const auto status = failure.GetStatus().GetStatusCode();
   const char* const found = status == TQDAStatusCode::kQDAStatusNotFound
                                 ? "there is no such instance"
                                 : "it names nothing";
-  Complain(fmt::format(
-      "path \"{}\": {} ({}){}; a path reads Class.Key=\"value\",Other=\"value\" with all "
-      "the keys of the class, see \"qda instances --deep {}\"",
-      path, found, failure.what(), why, cls));
+  Complain(
+      fmt::format("{}: {} ({}){}; a path reads Class.Key=\"value\",Other=\"value\" with all "
+                  "the keys of the class, see \"qda instances --deep {}{}\"",
+                  asked, found, failure.what(), why, cls, from));
 }
 
 // An empty pointer after a message.
-shared_ptr<ICIMElement> Resolve(const shared_ptr<ICIMNamespace>& ns, const std::string& path) {
+shared_ptr<ICIMElement> Resolve(const shared_ptr<ICIMNamespace>& ns, const GetOptions& options) {
   try {
-    const TCIMReference reference(ns, path, std::map<std::string, TCIMValue>());
+    const TCIMReference reference(ns, options.path, std::map<std::string, TCIMValue>());
     const shared_ptr<ICIMElement> element = reference.GetCIMElement(false);
     if (element) {
       return element;
     }
     throw TQDAException(TQDAStatusCode::kQDAStatusNotFound);
   } catch (const TQDAException& failure) {
-    ExplainPath(*ns, path, failure);
+    ExplainPath(*ns, options, failure);
   }
   return shared_ptr<ICIMElement>();
 }
 
 bool PrintInstance(const shared_ptr<ICIMNamespace>& ns, const ICIMInstance& instance,
-                   Format format) {
+                   const SourceOptions& source, Format format) {
   unsigned int unread = 0;
   const InstancePath path = PathFinder(ns).PathOf(instance);
   const bool isPrinted =
@@ -91,9 +94,9 @@ bool PrintInstance(const shared_ptr<ICIMNamespace>& ns, const ICIMInstance& inst
                                           : InstanceTable(path, instance, &unread));
   if (unread > 0) {
     Complain(
-        fmt::format("path \"{}\": {} of the values cannot be read; their statuses stand in "
+        fmt::format("path \"{}\"{}: {} of the values cannot be read; their statuses stand in "
                     "their places",
-                    path.path, unread));
+                    path.path, OfSnapshot(source), unread));
   }
   return isPrinted && unread == 0;
 }
@@ -105,8 +108,7 @@ bool PrintClass(const shared_ptr<ICIMClass>& cls, Format format) {
 
 int RunGet(const GetOptions& options, Format format) {
   const shared_ptr<ICIMNamespace> ns = OpenNamespace(options.source);
-  const shared_ptr<ICIMElement> element =
-      ns ? Resolve(ns, options.path) : shared_ptr<ICIMElement>();
+  const shared_ptr<ICIMElement> element = ns ? Resolve(ns, options) : shared_ptr<ICIMElement>();
   if (!element) {
     return kExitFailed;
   }
@@ -114,15 +116,16 @@ int RunGet(const GetOptions& options, Format format) {
     const shared_ptr<ICIMInstance> instance = boost::dynamic_pointer_cast<ICIMInstance>(element);
     const shared_ptr<ICIMClass> cls = boost::dynamic_pointer_cast<ICIMClass>(element);
     if (instance) {
-      return PrintInstance(ns, *instance, format) ? kExitDone : kExitFailed;
+      return PrintInstance(ns, *instance, options.source, format) ? kExitDone : kExitFailed;
     }
     if (cls) {
       return PrintClass(cls, format) ? kExitDone : kExitFailed;
     }
     throw TQDAException(TQDAStatusCode::kQDAStatusNotSupported);
   } catch (const TQDAException& failure) {
-    Complain(fmt::format("path \"{}\": what the provider serves cannot be read ({}){}",
-                         options.path, failure.what(), KeptWarnings()));
+    Complain(fmt::format("path \"{}\"{}: {} cannot be read ({}){}", options.path,
+                         OfSnapshot(options.source), ServedText(options.source), failure.what(),
+                         KeptWarnings()));
     return kExitFailed;
   }
 }

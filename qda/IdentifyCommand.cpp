@@ -11,6 +11,7 @@
 #include <qda/Identity.h>
 #include <qda/IdentityOutput.h>
 #include <qda/SourceNamespace.h>
+#include <qda/SourceText.h>
 #include <qda/Text.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/frame/TQDAStatusCode.h>
@@ -24,7 +25,7 @@ namespace {
 
 // Says why there is no machine type and model.
 void ExplainMachineType(const Identity& identity, const SourceOptions& options) {
-  const char* const asked = "machine type and model";
+  const std::string asked = "machine type and model" + OfSnapshot(options);
   const auto status = identity.machineTypeModel.status;
   const std::string name = TQDAStatusCode(status).TranslateStatusCode();
   if (identity.productName.value) {
@@ -34,7 +35,7 @@ void ExplainMachineType(const Identity& identity, const SourceOptions& options) 
   }
   if (identity.productName.IsUnknown()) {
     Complain(fmt::format("{}: product name is unknown ({}){}{}", asked, name, KeptWarnings(),
-                         options.smbiosDump.empty()
+                         options.smbiosDump.empty() && options.fromFile.empty()
                              ? "; a dump of another machine can be read with "
                                "--smbios-dump FILE"
                              : ""));
@@ -45,12 +46,12 @@ void ExplainMachineType(const Identity& identity, const SourceOptions& options) 
 
 // A fact that is merely unknown is no failure. True when there was none.
 template <class T>
-bool CheckFact(const char* asked, const Fact<T>& fact) {
+bool CheckFact(const char* asked, const Fact<T>& fact, const SourceOptions& options) {
   if (fact.value || fact.IsUnknown()) {
     return true;
   }
-  Complain(fmt::format("{}: what the provider serves cannot be read ({})", asked,
-                       TQDAStatusCode(fact.status).TranslateStatusCode()));
+  Complain(fmt::format("{}{}: {} cannot be read ({})", asked, OfSnapshot(options),
+                       ServedText(options), TQDAStatusCode(fact.status).TranslateStatusCode()));
   return false;
 }
 
@@ -59,11 +60,11 @@ bool CheckIdentity(const Identity& identity, const SourceOptions& options) {
   if (!isGood) {
     ExplainMachineType(identity, options);
   }
-  isGood &= CheckFact("serial number", identity.serialNumber);
-  isGood &= CheckFact("system name", identity.systemName);
-  isGood &= CheckFact("operating system", identity.operatingSystemName);
-  isGood &= CheckFact("operating system version", identity.operatingSystemVersion);
-  isGood &= CheckFact("operating system type", identity.operatingSystemType);
+  isGood &= CheckFact("serial number", identity.serialNumber, options);
+  isGood &= CheckFact("system name", identity.systemName, options);
+  isGood &= CheckFact("operating system", identity.operatingSystemName, options);
+  isGood &= CheckFact("operating system version", identity.operatingSystemVersion, options);
+  isGood &= CheckFact("operating system type", identity.operatingSystemType, options);
   return isGood;
 }
 
@@ -73,8 +74,8 @@ int RunIdentify(const SourceOptions& options, Format format) {
     return kExitFailed;
   }
   const Identity identity = AskIdentity(ns);
-  const bool isPrinted = PrintResult(
-      format == Format::kJson ? IdentityJson(identity, options.provider) : IdentityTable(identity));
+  const bool isPrinted = PrintResult(format == Format::kJson ? IdentityJson(identity, options)
+                                                             : IdentityTable(identity));
   return CheckIdentity(identity, options) && isPrinted ? kExitDone : kExitFailed;
 }
 

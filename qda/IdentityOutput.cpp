@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <qda/Json.h>
+#include <qda/SourceText.h>
 #include <qda/Text.h>
 
 namespace qda {
@@ -34,9 +35,8 @@ std::string IdentityTable(const Identity& identity) {
                   {"Operating system type", Shown(identity.operatingSystemType)}});
 }
 
-std::string IdentityJson(const Identity& identity, const std::string& provider) {
-  nlohmann::ordered_json json;
-  json["provider"] = provider;
+std::string IdentityJson(const Identity& identity, const SourceOptions& source) {
+  nlohmann::ordered_json json = SourceJson(source);
   json["machineTypeModel"] = ValueOrNull(identity.machineTypeModel);
   json["machineType"] = ValueOrNull(identity.machineType);
   json["modelNumber"] = ValueOrNull(identity.modelNumber);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include <qda/Identity.h>
+#include <qda/Options.h>
 
 namespace qda {
 
@@ -14,7 +15,7 @@ std::string IdentityTable(const Identity& identity);
 
 // One object; what is not known is null. Plain ASCII: all else is escaped, and bytes that are no
 // UTF-8 read U+FFFD.
-std::string IdentityJson(const Identity& identity, const std::string& provider);
+std::string IdentityJson(const Identity& identity, const SourceOptions& source);
 
 }  // namespace qda
 

@@ -14,6 +14,7 @@
 #include <qda/InstancePath.h>
 #include <qda/Json.h>
 #include <qda/SourceNamespace.h>
+#include <qda/SourceText.h>
 #include <qda/Text.h>
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMInstance.h>
@@ -113,7 +114,7 @@ class InstanceList {
 int RunInstances(const InstancesOptions& options, Format format) {
   const shared_ptr<ICIMNamespace> ns = OpenNamespace(options.source);
   const shared_ptr<ICIMClass> cls =
-      ns ? FindClass(*ns, options.className) : shared_ptr<ICIMClass>();
+      ns ? FindClass(*ns, options.className, options.source) : shared_ptr<ICIMClass>();
   if (!cls) {
     return kExitFailed;
   }
@@ -127,15 +128,16 @@ int RunInstances(const InstancesOptions& options, Format format) {
     cls->EnumerateInstances(add, options.deep, Context());
   } catch (const TQDAException& failure) {
     isRead = false;
-    Complain(fmt::format("class \"{}\": its instances cannot be read to the end ({}){}",
-                         options.className, failure.what(), KeptWarnings()));
+    Complain(fmt::format("class \"{}\"{}: its instances cannot be read to the end ({}){}",
+                         options.className, OfSnapshot(options.source), failure.what(),
+                         KeptWarnings()));
   }
   const bool isPrinted = list.End();
   if (list.Unread() > 0) {
     Complain(
-        fmt::format("class \"{}\": {} of the values cannot be read; their statuses stand in "
+        fmt::format("class \"{}\"{}: {} of the values cannot be read; their statuses stand in "
                     "their places",
-                    options.className, list.Unread()));
+                    options.className, OfSnapshot(options.source), list.Unread()));
   }
   return isRead && isPrinted && list.Unread() == 0 ? kExitDone : kExitFailed;
 }

@@ -138,6 +138,78 @@ TEST(From, ProblemOfAFileIsToldWithItsPlace) {
   EXPECT_NE(std::string::npos, missing.error.find("cannot be opened (kQDAStatusFileNotFound)"));
 }
 
+TEST(From, OutputNamesTheFile) {
+  const TemporaryFolder folder;
+  const std::string file =
+      folder.Write("some disk.mof", std::string(kSchema) + "instance of Disk { ID = \"a\"; };\n");
+  const Installation bare;
+  const nlohmann::json identity =
+      ParseJson(bare.Run({"identify", "--from", file, "-o", "json"}).output);
+  const nlohmann::json tree = ParseJson(bare.Run({"classes", "--from", file, "-o", "json"}).output);
+  for (const nlohmann::json& json : {identity, tree}) {
+    EXPECT_EQ(file, json.value("snapshot", ""));
+    EXPECT_EQ(0u, json.count("provider"));
+  }
+  const nlohmann::json live =
+      ParseJson(RunQda({"classes", "--smbios-dump", SampleFile(), "-o", "json"}).output);
+  EXPECT_EQ("machine", live.value("provider", ""));
+  EXPECT_EQ(0u, live.count("snapshot"));
+}
+
+TEST(From, FailuresNameTheFile) {
+  const TemporaryFolder folder;
+  const std::string file =
+      folder.Write("disk.mof", std::string(kSchema) + "instance of Disk { ID = \"a\"; };\n");
+  const std::string from = " of snapshot \"" + file + "\": ";
+  const struct {
+    std::vector<std::string> arguments;
+    std::string error;
+  } rows[] = {
+      {{"identify"},
+       "qda: machine type and model" + from + "product name is unknown (kQDAStatusNotFound)\n"},
+      {{"class", "Disc"},
+       "qda: class \"Disc\"" + from +
+           "the namespace gives none of that name (kQDAStatusNotFound); near it: Disk; see \"qda "
+           "classes --from " +
+           file + "\"\n"},
+      {{"instances", "Disc"},
+       "qda: class \"Disc\"" + from +
+           "the namespace gives none of that name (kQDAStatusNotFound); near it: Disk; see \"qda "
+           "classes --from " +
+           file + "\"\n"},
+      {{"get", "Disk.ID=\"b\""},
+       "qda: path \"Disk.ID=\"b\"\"" + from +
+           "there is no such instance (kQDAStatusNotFound); a path reads "
+           "Class.Key=\"value\",Other=\"value\" with all the keys of the class, see \"qda "
+           "instances --deep Disk --from " +
+           file + "\"\n"},
+  };
+  for (const auto& row : rows) {
+    std::vector<std::string> arguments = row.arguments;
+    arguments.insert(arguments.end(), {"--from", file});
+    const ChildResult run = RunQda(arguments);
+    EXPECT_EQ(1, run.exitCode) << row.arguments[0];
+    EXPECT_EQ(row.error, run.error);
+  }
+  const ChildResult none = RunQda({"get", "Disc.ID=\"b\"", "--from", file});
+  EXPECT_EQ(1, none.exitCode);
+  EXPECT_EQ(0u,
+            none.error.find("qda: path \"Disc.ID=\"b\"\"" + from + "there is no class \"Disc\""));
+}
+
+TEST(From, ValuesOfAnotherTypeAreNoProvidersFault) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write(
+      "odd.mof",
+      "class ZRVSG_ComputerSystem { string ProductName; uint32 SerialNumber; };\n"
+      "instance of ZRVSG_ComputerSystem { ProductName = \"x -[1234AC1]-\"; SerialNumber = 7; };\n");
+  const ChildResult run = RunQda({"identify", "--from", file});
+  EXPECT_EQ(1, run.exitCode);
+  EXPECT_EQ("qda: serial number of snapshot \"" + file +
+                "\": what it says cannot be read (kQDAStatusTypeMismatch)\n",
+            run.error);
+}
+
 TEST(From, GoesWithNoOtherSource) {
   for (const char* other : {"--provider", "--smbios-dump"}) {
     EXPECT_EQ(2, RunQda({"identify", "--from", "x", other, "y"}).exitCode) << other;
