@@ -236,9 +236,16 @@ TEST_F(TCIMCopyClassesProduct, FailureAtAnyCallLeavesWhatWasDone) {
   const Pointer<QualifierDecl> key = source->DeclareQualifier("Key", TCIMValue(false));
   source->Find(kProduct)->declarations[0]->Put(key, TCIMValue(true));
   source->Find("Disk")->DeclareMethod("Reset", Type(Type::kCIMTypeUint32));
+  TCIMValue toDisk = Null(Type::kCIMTypeReference);
+  toDisk.SetReferencedClass(source->Find("Disk"));
+  source->Declare("Uses").Declare("Disk", toDisk).Put(key, TCIMValue(true));
+  source->Find("Uses")->association = true;
+  TCIMReference disk(source);
+  disk.SetClassName("Disk");
+  source->Find("Uses")->PutStatic("Disk", TCIMValue(disk));
   Copy();
   const Lines clean = calls.made;
-  ASSERT_LT(60u, clean.size());
+  ASSERT_LT(100u, clean.size());
   target.reset();
   const int alive = calls.alive;
 
@@ -256,6 +263,7 @@ TEST_F(TCIMCopyClassesProduct, FailureAtAnyCallLeavesWhatWasDone) {
         EXPECT_EQ(Only(done, cls->label + ": Commit").size(), cls->committed ? 1u : 0u);
       }
       EXPECT_EQ(Only(done, "CreateClass").size(), target->classes.size());
+      EXPECT_EQ(Only(done, "CreateQualifierDecl").size(), target->qualifierDecls.size());
       EXPECT_EQ(Only(done, "AddInstance").size(), CopiedInstances());
     }
     target.reset();

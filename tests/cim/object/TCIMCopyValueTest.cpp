@@ -198,6 +198,26 @@ TEST_F(TCIMCopyValue, ReferenceKeysAreRePointedToAnyDepth) {
   EXPECT_EQ(target->Find("Disk"), inner[1].GetClass());
 }
 
+// At every depth.
+TEST_F(TCIMCopyValue, FailureAtAnyCallComesThroughAndKeepsNothing) {
+  TCIMReference deep(source);
+  deep.SetClassName("Deep");
+  deep.AddKeyValue("Link", ValueOf(Link("sdb", 3)));
+  const TCIMValue value = ValueOf(deep);
+  Copy(value);
+  const Lines clean = calls.made;
+  ASSERT_LT(15u, clean.size());
+  const int alive = calls.alive;
+  const auto held = target.use_count();
+  for (calls.failAt = 1; calls.failAt <= clean.size(); ++calls.failAt) {
+    SCOPED_TRACE(clean[calls.failAt - 1]);
+    EXPECT_STATUS(kQDAStatusConnectionFailed, Copy(value));
+    EXPECT_EQ(Lines(clean.begin(), clean.begin() + calls.failAt), calls.made);
+    EXPECT_EQ(alive, calls.alive);
+    EXPECT_EQ(held, target.use_count());
+  }
+}
+
 TEST_F(TCIMCopyValue, ArrayOfReferencesKeepsPointingAtTheSource) {
   const TCIMValue array(Type(Type::kCIMTypeReference), 2,
                         {ValueOf(Disk("sda")), ValueOf(Disk("sdb"))});
