@@ -67,9 +67,9 @@ QDAMEMORY_EXPORT void ReadMofText(const boost::shared_ptr<ICIMNamespace>& ns,
 
 // Writes all of `ns`: the declarations of qualifiers, the classes (each after what it refers to),
 // static values, the published instances. Whether the stream took it all is for the caller to ask.
-// Throws kQDAStatusNotSupported for a qualifier's declaration with attributes that are no scope or
-// flavor of StandardQualifiers.h, and for references nested beyond what docs/mof.md tells; and what
-// `ns` throws.
+// Throws kQDAStatusNotSupported for what no MOF text can say, such as attributes of a qualifier's
+// declaration that are no scope or flavor of StandardQualifiers.h (docs/mof.md has the list), and
+// what `ns` throws.
 QDAMEMORY_EXPORT void WriteMof(const boost::shared_ptr<ICIMNamespace>& ns, std::ostream& output);
 
 }  // namespace NZRVQDA20

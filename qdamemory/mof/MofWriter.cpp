@@ -51,6 +51,9 @@ Type ElementOf(const Type& type) {
 }
 
 std::string TypeWord(const Type& type, const boost::shared_ptr<ICIMClass>& referenced) {
+  if (ElementOf(type) < Type::kCIMTypeBoolean || ElementOf(type) > Type::kCIMTypeReference) {
+    Fail(TQDAStatusCode::kQDAStatusNotSupported);
+  }
   if (ElementOf(type) != Type::kCIMTypeReference) {
     return ElementOf(type).ToString();
   }
@@ -177,6 +180,9 @@ class Writer {
   }
 
   void WriteMethod(const ICIMMethodDecl& method) {
+    if (IsArray(method.GetType(TContext()))) {
+      Fail(TQDAStatusCode::kQDAStatusNotSupported);
+    }
     WriteQualifiers(method, "  ", "\n");
     fOutput << "  " << TypeWord(method.GetType(TContext()), boost::shared_ptr<ICIMClass>()) << " "
             << method.GetName(TContext()) << "(";

@@ -11,6 +11,7 @@
 #include <qdamemory/internal/CIMName.h>
 #include <qdamemory/internal/Context.h>
 #include <qdamemory/mof/NamespaceFailure.h>
+#include <qdamemory/mof/ObjectPathText.h>
 
 namespace NZRVQDA20 {
 namespace mof {
@@ -32,6 +33,18 @@ std::string NeededClass(const Feature& feature, const std::string& cls) {
   const std::string& name = feature.type.className;
   const bool isNeeded = !feature.isMethod && name != kAnyClass && !EqualCIMNames(name, cls);
   return isNeeded ? name : std::string();
+}
+
+// The classes that the default value of a feature may name.
+std::vector<std::string> ClassesInDefault(const Feature& feature) {
+  std::vector<std::string> classes;
+  if (feature.type.type == Type::kCIMTypeReference && feature.value) {
+    for (const Literal& literal : feature.value->literals) {
+      const std::vector<std::string> named = ClassesInPath(literal.text);
+      classes.insert(classes.end(), named.begin(), named.end());
+    }
+  }
+  return classes;
 }
 
 [[noreturn]] void FailInCircle(const Place& place, const std::string& name) {
@@ -117,6 +130,15 @@ boost::shared_ptr<ICIMClass> NamespaceBuilder::NeedSuperclass(const ClassDeclara
   return waiting.cls;
 }
 
+bool NamespaceBuilder::CanBeRead(const Feature& feature) const {
+  try {
+    MakeValue(SlotOf(feature.type, feature.array), *feature.value, fNamespace, AliasResolver());
+    return true;
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
 // Whether all the classes that it names are there, itself not counted.
 bool NamespaceBuilder::IsReady(const ClassDeclaration& declaration) const {
   if (!declaration.superclass.empty() && !FindClass(declaration.superclass)) {
@@ -126,6 +148,12 @@ bool NamespaceBuilder::IsReady(const ClassDeclaration& declaration) const {
     const std::string needed = NeededClass(feature, declaration.name);
     if (!needed.empty() && !FindClass(needed)) {
       return false;
+    }
+    for (const std::string& named : ClassesInDefault(feature)) {
+      // It may be part of a text that only looks like a path.
+      if (!EqualCIMNames(named, declaration.name) && !FindClass(named) && !CanBeRead(feature)) {
+        return false;
+      }
     }
   }
   return true;
@@ -165,6 +193,12 @@ void NamespaceBuilder::GatherNeeds(const ClassDeclaration& declaration) {
       WaitingClass& waiting = NeedWaiting(needed, feature.type.place);
       if (waiting.stage == kWaits) {
         MakeWaiting(waiting);
+      }
+    }
+    for (const std::string& named : ClassesInDefault(feature)) {
+      const auto waiting = fWaitingByName.find(FoldCIMName(named));
+      if (waiting != fWaitingByName.end() && waiting->second->stage == kWaits) {
+        MakeWaiting(*waiting->second);
       }
     }
   }

@@ -48,6 +48,7 @@ class NamespaceBuilder {
   WaitingClass& NeedWaiting(const std::string& name, const Place& place);
   boost::shared_ptr<ICIMClass> NeedClass(const std::string& name, const Place& place);
   boost::shared_ptr<ICIMClass> NeedSuperclass(const ClassDeclaration& declaration);
+  bool CanBeRead(const Feature& feature) const;
   bool IsReady(const ClassDeclaration& declaration) const;
   void MakeWaiting(WaitingClass& waiting);
   void GatherNeeds(const ClassDeclaration& declaration);

@@ -86,6 +86,10 @@ bool BeginsClass(const std::string& text, std::size_t at) {
          (equals != std::string::npos && IsCIMName(text.substr(end + 1, equals - end - 1)));
 }
 
+std::string ClassAt(const std::string& text, std::size_t at) {
+  return text.substr(at, std::min(text.find('.', at), text.size()) - at);
+}
+
 // False when the text has another form.
 bool Split(const std::string& text, PathParts& parts) {
   // A namespace's name may have any character, the colon itself included.
@@ -99,7 +103,7 @@ bool Split(const std::string& text, PathParts& parts) {
   }
   parts.namespaceName.assign(text, 0, at == 0 ? 0 : at - 1);
   const std::size_t dot = text.find('.', at);
-  parts.className.assign(text, at, std::min(dot, text.size()) - at);
+  parts.className = ClassAt(text, at);
   if (dot == std::string::npos) {
     return true;
   }
@@ -226,6 +230,18 @@ std::string KeyText(const TCIMValue& value) {
 }
 
 }  // namespace
+
+std::vector<std::string> ClassesInPath(const std::string& text) {
+  std::vector<std::string> classes;
+  for (std::size_t at = 0; at != std::string::npos;) {
+    if (BeginsClass(text, at)) {
+      classes.push_back(ClassAt(text, at));
+    }
+    at = text.find_first_of(":\"", at);
+    at = at == std::string::npos ? at : at + 1;
+  }
+  return classes;
+}
 
 TCIMReference ReadObjectPath(const std::string& text, const boost::shared_ptr<ICIMNamespace>& ns) {
   PathParts parts;

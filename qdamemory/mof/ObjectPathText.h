@@ -9,6 +9,7 @@
 #define QDAMEMORY_MOF_OBJECTPATHTEXT_H
 
 #include <string>
+#include <vector>
 
 #include <boost/shared_ptr.hpp>
 
@@ -19,6 +20,9 @@ namespace NZRVQDA20 {
 class ICIMNamespace;
 
 namespace mof {
+
+// The classes that a path of either form may name, in its keys too, told by how they stand in it.
+std::vector<std::string> ClassesInPath(const std::string& text);
 
 // Throws TQDAException with what the class lookup throws, or kQDAStatusInvalidReference.
 TCIMReference ReadObjectPath(const std::string& text, const boost::shared_ptr<ICIMNamespace>& ns);

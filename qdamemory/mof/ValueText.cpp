@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <qdacore/cim/value/TCIMReference.h>
+#include <qdacore/frame/TQDAException.h>
 #include <qdamemory/mof/ObjectPathText.h>
 
 namespace NZRVQDA20 {
@@ -92,9 +93,14 @@ std::string ValueText(const TCIMValue& value) {
   if (value.IsNull() || !value.IsArray()) {
     return ScalarText(value);
   }
+  const int arrayType = value.GetType();
   std::string text = "{";
   const char* separator = "";
   for (const TCIMValue& element : static_cast<std::vector<TCIMValue>&>(value)) {
+    const int type = element.GetType();
+    if (!element.IsNull() && (type | Type::kCIMTypeArrayFlag) != arrayType) {
+      throw TQDAException(TQDAStatusCode::kQDAStatusNotSupported);
+    }
     text += separator + ScalarText(element);
     separator = ", ";
   }

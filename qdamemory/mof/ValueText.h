@@ -16,7 +16,8 @@ std::string StringText(const std::string& text);
 // One element, null or not.
 std::string ScalarText(const TCIMValue& value);
 
-// Any value: one element, or an array in braces.
+// Any value: one element, or an array in braces. Throws kQDAStatusNotSupported where an element is
+// not of the array's type, which no text can say.
 std::string ValueText(const TCIMValue& value);
 
 }  // namespace mof

@@ -9,6 +9,7 @@
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/cim/object/ICIMPropertyDecl.h>
 #include <qdacore/cim/object/TAddToVectorCallback.h>
+#include <qdacore/cim/value/TCIMReference.h>
 #include <qdacore/frame/TQDAException.h>
 #include <qdamemory/internal/CIMName.h>
 #include <qdamemory/internal/Context.h>
@@ -82,12 +83,33 @@ class Sorter {
 
   void AddReferences(Node& node) {
     for (const boost::shared_ptr<ICIMPropertyDecl>& declaration : OwnPropertyDecls(*node.cls)) {
-      const Class referenced = declaration->GetDefaultValue(TContext()).GetReferencedClass();
-      if (referenced && referenced != node.cls) {
-        const auto found = fByName.find(FoldCIMName(referenced->GetName(TContext())));
-        if (found != fByName.end()) {
-          node.needs.push_back(found->second);
-        }
+      AddReferences(node, declaration->GetDefaultValue(TContext()));
+    }
+  }
+
+  // The class that the value may refer to, and those of what it refers to, keys included.
+  void AddReferences(Node& node, const TCIMValue& value) {
+    const Class referenced = value.GetReferencedClass();
+    if (referenced && referenced != node.cls) {
+      const auto found = fByName.find(FoldCIMName(referenced->GetName(TContext())));
+      if (found != fByName.end()) {
+        node.needs.push_back(found->second);
+      }
+    }
+    if (value.IsNull()) {
+      return;
+    }
+    if (value.IsReference()) {
+      const TCIMReference reference = value;
+      reference.EnumerateKeyBindings([&](const std::pair<std::string, TCIMValue>& binding) {
+        AddReferences(node, binding.second);
+        return true;
+      });
+    } else if ((value.GetType() & ~TCIMValue::TCIMType::kCIMTypeArrayFlag) ==
+               TCIMValue::TCIMType::kCIMTypeReference) {
+      const std::vector<TCIMValue>& elements = value;
+      for (const TCIMValue& element : elements) {
+        AddReferences(node, element);
       }
     }
   }

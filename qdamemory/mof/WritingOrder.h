@@ -1,6 +1,6 @@
 // The order in which the classes of a namespace are written: each after its superclass, after the
-// classes that its reference properties name, and after the sibling that was made before it. Read
-// in that order they come to be in the order that the namespace has.
+// classes that its reference properties and their defaults name, and after the sibling that was
+// made before it. Read in that order they come to be in the order that the namespace has.
 
 #ifndef QDAMEMORY_MOF_WRITINGORDER_H
 #define QDAMEMORY_MOF_WRITINGORDER_H

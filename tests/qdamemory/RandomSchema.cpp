@@ -130,7 +130,6 @@ RandomSchema::Property RandomSchema::NewProperty(const Entry& entry, std::size_t
   const bool wantsReference = fRandom.OneIn(entry.isAssociation || isKey ? 2 : 5);
   if (wantsReference && PickTarget(entry, isKey ? kMaxDepth - 1 : kMaxDepth, property.target)) {
     property.type = Type::kCIMTypeReference;
-    property.isArray = property.isArray && fPurpose == RandomFor::kCopy;
   }
   if (property.isArray && fRandom.OneIn(2)) {
     property.size = static_cast<unsigned int>(1 + fRandom.Below(4));

@@ -19,7 +19,6 @@ namespace memory_test {
 enum class RandomFor {
   // No null over a default, which a copy leaves out; no label on a reference, which it drops.
   kCopy,
-  // No array of references, which MOF has for parameters only.
   kMof
 };
 

@@ -17,7 +17,7 @@ using namespace memory_test;
 // Fewer, because Wine takes its time.
 const unsigned int kSeeds = 5;
 #else
-const unsigned int kSeeds = 20;
+const unsigned int kSeeds = 40;
 #endif
 
 void CopyAll(const RandomSchema& schema, const Namespace& target) {

@@ -65,6 +65,26 @@ TEST(MofWrite, ClassesComeAfterWhatTheyNeedAndKeepTheirOrder) {
   ExpectRoundTrip(ns);
 }
 
+// Also those that stand in the keys of a default only. B was made before the class that names it,
+// and is written before it although its superclass has other subclasses.
+TEST(MofWrite, ClassesComeAfterWhatTheirDefaultsName) {
+  const std::string text = std::string(kQualifiers) +
+                           "class Base { [Key] uint8 K; };"
+                           "class Link { [Key] Base REF To; };"
+                           "class B : Base { };";
+  for (const char* rest :
+       {"class User { Link REF L = \"Link.To=\\\"B.K=1\\\"\"; };",
+        "class User { Link REF L[] = {NULL, \"Link\", \"root/x:Link.To=\\\"root/y:B.K=1\\\"\"}; };",
+        "class User { Any REF L = \"B\"; };"}) {
+    SCOPED_TRACE(rest);
+    ExpectRoundTrip(ReadNew(text + rest));
+    // And read where it stands before them.
+    const Namespace ns = ReadNew(rest + text);
+    EXPECT_EQ(4u, ContentOf(ns).classOrder.size());
+    ExpectRoundTrip(ns);
+  }
+}
+
 TEST(MofWrite, InstancesShowWhatDiffersFromTheDefaults) {
   const Namespace ns = ReadNew(
       "class A { uint8 P = 1; uint8 Q = 2; char16 C = 'a'; string S; };"
@@ -220,6 +240,28 @@ TEST(MofWrite, StaticValuesOfEveryKindSurvive) {
   cls->SetStaticProperty("To", ReferenceValue(ns, "A.K=\"x\\\"y\""), None());
   cls->SetStaticProperty("L", Null(Type::kCIMTypeUint8, true), None());
   ExpectRoundTrip(ns);
+}
+
+TEST(MofWrite, WhatNoTextCanSayIsNotSupported) {
+  const Namespace untyped = CreateMemoryNamespace("x");
+  untyped->CreateQualifierDecl("Q", TCIMValue(), 0, 0, None());
+  EXPECT_STATUS(kQDAStatusNotSupported, Written(untyped));
+  const auto arrayType = static_cast<Type::ECIMType>(Type::kCIMTypeUint8 | Type::kCIMTypeArrayFlag);
+  for (const Type::ECIMType type : {Type::kCIMTypeNone, arrayType}) {
+    const Namespace ns = CreateMemoryNamespace("x");
+    Open(ns, "A")->AddMethodDecl("M", type, None());
+    EXPECT_STATUS(kQDAStatusNotSupported, Written(ns));
+  }
+  const Namespace parameter = CreateMemoryNamespace("x");
+  Open(parameter, "A")
+      ->AddMethodDecl("M", Type::kCIMTypeUint8, None())
+      ->AddParameterDecl("P", Type::kCIMTypeNone, None());
+  EXPECT_STATUS(kQDAStatusNotSupported, Written(parameter));
+  const Namespace mixed = CreateMemoryNamespace("x");
+  TCIMValue array(Type(Type::kCIMTypeString), 0, {TCIMValue("a")});
+  static_cast<std::vector<TCIMValue>&>(array)[0] = TCIMValue(1u);
+  Add(Open(mixed, "A"), "P", array);
+  EXPECT_STATUS(kQDAStatusNotSupported, Written(mixed));
 }
 
 TEST(MofWrite, AttributesThatHaveNoWordAreNotSupported) {
