@@ -1,5 +1,6 @@
 #include <qda/InstancePath.h>
 
+#include <qda/CimText.h>
 #include <qda/ClassModel.h>
 #include <qdacore/cim/object/ICIMClass.h>
 #include <qdacore/cim/object/ICIMInstance.h>
@@ -17,8 +18,10 @@ namespace {
 
 typedef std::map<std::string, TCIMValue> Context;
 
-std::string PathBy(const std::vector<std::string>& keys, const shared_ptr<ICIMNamespace>& ns,
-                   const shared_ptr<ICIMClass>& cls, const ICIMInstance& instance) {
+// Sets path and exact.
+void AddPath(const std::vector<std::string>& keys, const shared_ptr<ICIMNamespace>& ns,
+             const shared_ptr<ICIMClass>& cls, const ICIMInstance& instance, InstancePath* result) {
+  std::string digits;
   TCIMReference reference(ns);
   reference.SetClass(cls);
   for (const std::string& key : keys) {
@@ -31,8 +34,13 @@ std::string PathBy(const std::vector<std::string>& keys, const shared_ptr<ICIMNa
       throw TQDAException(TQDAStatusCode::kQDAStatusValueIsNULL);
     }
     reference.AddKeyValue(key, value);
+    if (value.GetType() == TCIMValue::TCIMType::kCIMTypeReal32 ||
+        value.GetType() == TCIMValue::TCIMType::kCIMTypeReal64) {
+      digits += " " + ValueText(value);
+    }
   }
-  return reference.GetPath();
+  result->path = reference.GetPath();
+  result->exact = result->path + digits;
 }
 
 }  // namespace
@@ -56,7 +64,7 @@ InstancePath PathFinder::PathOf(const ICIMInstance& instance) {
     if (keys.empty()) {
       result.whyNone = "its class has no key";
     } else {
-      result.path = PathBy(keys, fNamespace, cls, instance);
+      AddPath(keys, fNamespace, cls, instance, &result);
     }
   } catch (const TQDAException& failure) {
     result.whyNone = failure.GetStatus().GetStatusCode() == TQDAStatusCode::kQDAStatusValueIsNULL

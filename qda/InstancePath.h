@@ -20,6 +20,7 @@ namespace qda {
 struct InstancePath {
   std::string className;
   std::string path;     // empty: it has none
+  std::string exact;    // the path, with all digits of what a path rounds: no two have the same
   std::string whyNone;  // then why
 };
 

@@ -70,10 +70,9 @@ Inventory ReadInventory(const shared_ptr<ICIMNamespace>& ns) {
   boost::function<bool(shared_ptr<ICIMInstance>)> visit = [&](shared_ptr<ICIMInstance> instance) {
     const InstancePath path = paths.PathOf(*instance);
     const Values values = ReadValues(*instance);
-    if (path.path.empty()) {
+    // A path that another one has, as those may that are rounded, tells nothing.
+    if (path.path.empty() || !inventory.byPath.emplace(path.path, values).second) {
       ++inventory.withoutPath[Described(path.className, values)];
-    } else {
-      inventory.byPath[path.path] = values;
     }
     return true;
   };

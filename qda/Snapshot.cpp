@@ -100,7 +100,7 @@ class InstanceCopier {
     }
     try {
       const InstancePath path = fPaths.PathOf(*instance);
-      if (path.path.empty() || fSeen.insert(path.path).second) {
+      if (path.path.empty() || fSeen.insert(path.exact).second) {
         way.push_back({instance, path, ReferencedBy(*instance), 0});
       }
     } catch (const TQDAException& failure) {

@@ -100,6 +100,20 @@ TEST(SnapshotCopy, CirclesAndReferencesToNothingEnd) {
                   "instance of Disk { ID = \"self\"; Next = \"Disk.ID=\\\"self\\\"\"; };\n"));
 }
 
+// A path has six digits of a real number.
+TEST(SnapshotCopy, KeysThatReadTheSameInAPathAreTwo) {
+  Calls calls;
+  const Pointer<cim_model::Namespace> target = cim_model::Namespace::Create(calls, "T");
+  Snapshot snapshot(target);
+  EXPECT_TRUE(snapshot.Add(
+      ReadText(std::string(kSchema) + "class Point { [Key] real64 X; [Key] real32 Y; };\n"
+                                      "instance of Point { X = 0.12345678; Y = 1.0; };\n"
+                                      "instance of Point { X = 0.12345679; Y = 1.0; };\n"
+                                      "instance of Point { X = 0.12345679; Y = 1.0000001; };\n"),
+      "test"));
+  EXPECT_EQ(3u, snapshot.InstanceCount());
+}
+
 // Deeper than any stack.
 TEST(SnapshotCopy, ChainOfReferencesMayHaveAnyLength) {
   const int length = 5000;

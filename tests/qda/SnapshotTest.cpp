@@ -254,6 +254,18 @@ TEST_F(Diff, TellsWhatCameWhatWentAndWhatChanged) {
       run.output);
 }
 
+// Two paths that read the same, because real numbers are rounded in them.
+TEST_F(Diff, LosesNoInstanceWhosePathAnotherOneHas) {
+  const std::string schema =
+      "Qualifier Key : boolean = false, Scope(property), Flavor(DisableOverride);\n"
+      "class Point { [Key] real64 X; string S; };\n"
+      "instance of Point { X = 0.12345678; S = \"a\"; };\n";
+  const ChildResult run = RunQda(
+      {"diff", folder.Write("one.mof", schema),
+       folder.Write("two.mof", schema + "instance of Point { X = 0.12345679; S = \"b\"; };\n")});
+  EXPECT_EQ("+ Point {S=\"b\", X=0.12345679}\n", run.output);
+}
+
 TEST_F(Diff, IsToldInJson) {
   const nlohmann::json json = ParseJson(RunQda({"diff", Before(), After(), "-o", "json"}).output);
   EXPECT_EQ(nlohmann::json::parse(R"({
