@@ -44,14 +44,39 @@ ProviderModule Load(const std::string& name) {
   return module;
 }
 
+std::vector<std::string> FindModules() {
+  std::vector<std::string> names = TOSSpecific::FindNSPs();
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+bool Registers(const ProviderModule& module, const std::string& provider) {
+  return std::find(module.providers.begin(), module.providers.end(), provider) !=
+         module.providers.end();
+}
+
 }  // namespace
 
 std::vector<ProviderModule> LoadProviderModules() {
-  std::vector<std::string> names = TOSSpecific::FindNSPs();
-  std::sort(names.begin(), names.end());
+  std::vector<ProviderModule> modules;
+  for (const std::string& name : FindModules()) {
+    modules.push_back(Load(name));
+  }
+  return modules;
+}
+
+std::vector<ProviderModule> LoadProviderModulesFor(const std::string& provider) {
+  std::vector<std::string> names = FindModules();
+  const auto own = std::find(names.begin(), names.end(), provider);
+  if (own != names.end()) {
+    std::rotate(names.begin(), own, own + 1);
+  }
   std::vector<ProviderModule> modules;
   for (const std::string& name : names) {
     modules.push_back(Load(name));
+    if (name == provider && Registers(modules.back(), provider)) {
+      break;
+    }
   }
   return modules;
 }

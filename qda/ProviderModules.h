@@ -20,6 +20,11 @@ struct ProviderModule {
 // told in its row. Needs a core logger.
 std::vector<ProviderModule> LoadProviderModules();
 
+// The same, until a provider of that name is there: the module that is named like it comes first,
+// and when it registers the provider, it is the only one. A provider may stand in a module of
+// another name, so all the others are loaded when it does not.
+std::vector<ProviderModule> LoadProviderModulesFor(const std::string& provider);
+
 // The names in the registry, ascending.
 std::vector<std::string> RegisteredProviders();
 

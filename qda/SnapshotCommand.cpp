@@ -52,7 +52,7 @@ int RunSnapshot(const SnapshotOptions& options) {
   if (!UseSmbiosDump(options.smbiosDump)) {
     return kExitFailed;
   }
-  LoadModules();
+  LoadModules(options.provider);
   std::vector<std::string> providers = {options.provider};
   if (options.provider.empty()) {
     providers = RegisteredProviders();

@@ -28,8 +28,9 @@ using NZRVQDA20::TOSSpecific;
 using NZRVQDA20::TQDAException;
 using NZRVQDA20::TRootObject;
 
-void LoadModules() {
-  const std::vector<ProviderModule> modules = LoadProviderModules();
+void LoadModules(const std::string& provider) {
+  const std::vector<ProviderModule> modules =
+      provider.empty() ? LoadProviderModules() : LoadProviderModulesFor(provider);
   for (const ProviderModule& module : modules) {
     if (!module.failure.empty()) {
       Complain(fmt::format("provider module \"{}\": {} ({})", module.name, module.failure,
@@ -116,7 +117,7 @@ shared_ptr<ICIMNamespace> OpenNamespace(const SourceOptions& source, const std::
   if (!UseSmbiosDump(source.smbiosDump)) {
     return shared_ptr<ICIMNamespace>();
   }
-  LoadModules();
+  LoadModules(source.provider);
   return OpenLoadedNamespace(source.provider, scope);
 }
 

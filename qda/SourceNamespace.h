@@ -16,7 +16,7 @@ class ICIMNamespace;
 
 namespace qda {
 
-// Loads the provider modules, looks the provider up and asks it. An empty pointer after what is in
+// Loads the provider's module, looks the provider up and asks it. An empty pointer after what is in
 // the way has been told on standard error; a module that does not load is told and passed over, for
 // the provider may be in another one. Throws TQDAException when the program's folder cannot be
 // searched. Needs a core logger.
@@ -29,11 +29,12 @@ namespace qda {
 boost::shared_ptr<NZRVQDA20::ICIMNamespace> OpenNamespace(const SourceOptions& source,
                                                           const std::string& scope = "");
 
-// Loads the provider modules; what is in the way is told on standard error. Throws TQDAException
-// when the program's folder cannot be searched. Needs a core logger.
-void LoadModules();
+// Loads the provider modules: all of them, or no more than it takes to have `provider`, as
+// LoadProviderModulesFor does, when it is not empty. What is in the way is told on standard error.
+// Throws TQDAException when the program's folder cannot be searched. Needs a core logger.
+void LoadModules(const std::string& provider);
 
-// The last two steps of OpenNamespace: the provider is looked up and asked. The modules are loaded.
+// The last two steps of OpenNamespace: the provider is looked up and asked. Its module is loaded.
 boost::shared_ptr<NZRVQDA20::ICIMNamespace> OpenLoadedNamespace(const std::string& provider,
                                                                 const std::string& scope = "");
 

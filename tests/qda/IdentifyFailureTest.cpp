@@ -152,19 +152,6 @@ TEST(IdentifyFailure, WithoutAnyModuleTheFolderIsNamed) {
             run.error);
 }
 
-TEST(IdentifyFailure, ABrokenModuleIsToldAndPassedOver) {
-  const Installation installation;
-  installation.AddMachineModule();
-  installation.AddFile("broken.nsp.dll", "this is no module\n");
-  const ChildResult run = installation.Run({"identify", "--smbios-dump", SampleFile()});
-  EXPECT_EQ(0, run.exitCode);
-  EXPECT_EQ(
-      "qda: provider module \"broken\": Couldn't load NSP: broken error: 193 "
-      "(kQDAStatusFileSystemError)\n",
-      run.error);
-  EXPECT_THAT(run.output, StartsWith("Machine type and model    1234AC1\n"));
-}
-
 struct OddRow {
   const char* provider;
   const char* error;

@@ -72,6 +72,10 @@ void Installation::AddInventoryModule() const {
   LinkOrCopy(QDA_INVENTORY_MODULE, fFolder.PathOf("inventory.nsp.dll"));
 }
 
+void Installation::AddMarkModule(const std::string& name) const {
+  LinkOrCopy(QDA_MARK_MODULE, fFolder.PathOf(name + ".nsp.dll"));
+}
+
 void Installation::AddFile(const std::string& name, const std::string& text) const {
   fFolder.Write(name, text);
 }

@@ -29,6 +29,8 @@ class Installation {
   void AddMachineModule() const;
   void AddOddModule() const;
   void AddInventoryModule() const;
+  // NAME.nsp.dll, which registers nothing and says "mark starts" on standard output when loaded.
+  void AddMarkModule(const std::string& name) const;
   // A file of that name with that text.
   void AddFile(const std::string& name, const std::string& text) const;
 
