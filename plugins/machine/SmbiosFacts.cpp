@@ -1,6 +1,7 @@
 #include <plugins/machine/SmbiosFacts.h>
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -57,10 +58,11 @@ class Table {
 
   // The first structure of `type`.
   TQDAStatusCode Get(int type, std::vector<unsigned char>* structure) const {
-    structure->resize(kBufferSize);
-    int size = static_cast<int>(structure->size());
-    const TQDAStatusCode status = smBiosGetFirst(fHandle, type, structure->data(), &size);
-    structure->resize(static_cast<std::size_t>(size));
+    // Not filled first, as a vector would be: that is 16 pages for some dozen bytes.
+    const std::unique_ptr<unsigned char[]> buffer(new unsigned char[kBufferSize]);
+    int size = static_cast<int>(kBufferSize);
+    const TQDAStatusCode status = smBiosGetFirst(fHandle, type, buffer.get(), &size);
+    structure->assign(buffer.get(), buffer.get() + size);
     return status;
   }
 
