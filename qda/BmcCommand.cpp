@@ -45,25 +45,15 @@ bool IsDottedAddress(const std::string& text) {
   return at == text.size();
 }
 
-CLI::Validator DottedAddress() {
-  return CLI::Validator(
-      [](std::string& value) {
-        return IsDottedAddress(value)
-                   ? std::string()
-                   : "\"" + value +
-                         "\" is no IPv4 address such as 192.0.2.7; names are not resolved";
-      },
-      "");
+std::string CheckAddress(const std::string& text) {
+  return IsDottedAddress(text)
+             ? ""
+             : "\"" + text + "\" is no IPv4 address such as 192.0.2.7; names are not resolved";
 }
 
-CLI::Validator ShortName() {
-  return CLI::Validator(
-      [](std::string& value) {
-        return value.size() <= kLongestName
-                   ? std::string()
-                   : std::string("is longer than 16 characters, the most that IPMI takes");
-      },
-      "");
+std::string CheckUser(const std::string& name) {
+  return name.size() <= kLongestName ? ""
+                                     : "is longer than 16 characters, the most that IPMI takes";
 }
 
 bool ReadPassword(const BmcOptions& options, std::string* password) {
@@ -109,17 +99,13 @@ int RunBmc(const BmcOptions& options, Format format) {
 
 std::function<int()> DeclareBmc(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<BmcOptions>();
-  app->add_option("ADDRESS", options->address, "The BMC's IPv4 address, such as 192.0.2.7")
-      ->option_text("(IPv4)")
-      ->required()
-      ->check(DottedAddress());
+  AddPositional(app, {"ADDRESS", "The BMC's IPv4 address, such as 192.0.2.7", true, "(IPv4)"},
+                &options->address, CheckAddress);
   // May be empty: all zeros in Get Session Challenge are the BMC's user without a name.
-  app->add_option("--user", options->user,
-                  "The user's name at the BMC; \"\" is the\nuser without a name")
-      ->option_text("NAME")
-      ->required()
-      ->check(ShortName())
-      ->group("Login");
+  AddOption(app,
+            {"--user", "NAME", "The user's name at the BMC; \"\" is the\nuser without a name",
+             "Login", true},
+            &options->user, CheckUser);
   AddPasswordFile(app, kPasswordVariable, &options->passwordFile);
   AddFormat(app, run);
   return [options, run] { return RunBmc(*options, run->format); };

@@ -48,10 +48,7 @@ int RunClass(const ClassOptions& options, Format format) {
 
 std::function<int()> DeclareClass(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<ClassOptions>();
-  app->add_option("NAME", options->name, "The class, in any case")
-      ->option_text(" ")
-      ->required()
-      ->check(NotEmpty());
+  AddPositional(app, {"NAME", "The class, in any case", true}, &options->name);
   AddSource(app, &options->source);
   AddFormat(app, run);
   return [options, run] { return RunClass(*options, run->format); };

@@ -5,8 +5,8 @@
 //
 //   std::function<int()> DeclareList(CLI::App* app, RunOptions* run) {
 //     const auto options = std::make_shared<ListOptions>();
-//     app->add_flag("--deep", options->deep, "Subclasses too")->group("Source");
-//     AddFormat(app, run);  // <qda/CommandOptions.h>
+//     AddFlag(app, "--deep", "Subclasses too", "Source", &options->deep);
+//     AddFormat(app, run);  // both <qda/CommandOptions.h>
 //     return [options, run] { return RunList(*options, run->format); };
 //   }
 //

@@ -1,37 +1,55 @@
-// Options that several commands have, the same for each, and helpers to declare others.
+// How commands declare what may stand behind their names: options that several have, the same for
+// each, and helpers to declare others. Commands do without the header of the parser, which makes
+// every source that includes it build objects at each start of the program.
 
 #ifndef QDA_COMMANDOPTIONS_H
 #define QDA_COMMANDOPTIONS_H
 
-#include <map>
+#include <functional>
 #include <string>
-
-#include <CLI/CLI.hpp>
 
 #include <qda/Options.h>
 
+namespace CLI {
+class App;
+}
+
 namespace qda {
 
-// A check for an option's argument: it is not empty.
-CLI::Validator NotEmpty();
+// Looks at an argument: what is wrong with it, or nothing.
+typedef std::function<std::string(const std::string&)> Check;
 
-// An option whose argument is one of some names; each stands for a value.
-template <class T>
-CLI::Option* AddChoice(CLI::App* app, const std::string& names, T* target,
-                       const std::map<std::string, T>& choices) {
-  const auto store = [target, choices, names](const std::string& name) {
-    const auto found = choices.find(name);
-    if (found == choices.end()) {
-      std::string known;
-      for (const auto& choice : choices) {
-        known += (known.empty() ? "" : ", ") + choice.first;
-      }
-      throw CLI::ValidationError(names, "\"" + name + "\" is none of " + known);
-    }
-    *target = found->second;
-  };
-  return app->add_option_function<std::string>(names, store);
-}
+// It is not empty.
+Check NotEmpty();
+
+// An argument without a name of its own. `name` is how messages and the help call it, `hint` stands
+// behind it in the help.
+struct Positional {
+  const char* name;
+  const char* description;
+  bool isRequired;
+  const char* hint = " ";
+};
+
+void AddPositional(CLI::App* app, const Positional& positional, std::string* target,
+                   const Check& check = NotEmpty());
+
+// An option with an argument. `argument` is what the help calls that, `group` the heading that it
+// lists the option under.
+struct TextOption {
+  const char* names;
+  const char* argument;
+  std::string description;
+  const char* group;
+  bool isRequired = false;
+};
+
+void AddOption(CLI::App* app, const TextOption& option, std::string* target,
+               const Check& check = NotEmpty());
+
+// An option without an argument.
+void AddFlag(CLI::App* app, const char* names, const char* description, const char* group,
+             bool* target);
 
 // -o, --output: table or json.
 void AddFormat(CLI::App* app, RunOptions* run);

@@ -98,14 +98,8 @@ int RunDiff(const DiffOptions& options, Format format) {
 
 std::function<int()> DeclareDiff(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<DiffOptions>();
-  app->add_option("BEFORE", options->before, "The earlier snapshot")
-      ->option_text(" ")
-      ->required()
-      ->check(NotEmpty());
-  app->add_option("AFTER", options->after, "The later snapshot")
-      ->option_text(" ")
-      ->required()
-      ->check(NotEmpty());
+  AddPositional(app, {"BEFORE", "The earlier snapshot", true}, &options->before);
+  AddPositional(app, {"AFTER", "The later snapshot", true}, &options->after);
   AddFormat(app, run);
   return [options, run] { return RunDiff(*options, run->format); };
 }

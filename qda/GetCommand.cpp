@@ -132,10 +132,8 @@ int RunGet(const GetOptions& options, Format format) {
 
 std::function<int()> DeclareGet(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<GetOptions>();
-  app->add_option("PATH", options->path, "As \"qda instances\" prints it, or the name of\na class")
-      ->option_text(" ")
-      ->required()
-      ->check(NotEmpty());
+  AddPositional(app, {"PATH", "As \"qda instances\" prints it, or the name of\na class", true},
+                &options->path);
   AddSource(app, &options->source);
   AddFormat(app, run);
   return [options, run] { return RunGet(*options, run->format); };

@@ -144,11 +144,8 @@ int RunInstances(const InstancesOptions& options, Format format) {
 
 std::function<int()> DeclareInstances(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<InstancesOptions>();
-  app->add_option("CLASS", options->className, "The class, in any case")
-      ->option_text(" ")
-      ->required()
-      ->check(NotEmpty());
-  app->add_flag("--deep", options->deep, "Those of its subclasses too")->group("Source");
+  AddPositional(app, {"CLASS", "The class, in any case", true}, &options->className);
+  AddFlag(app, "--deep", "Those of its subclasses too", "Source", &options->deep);
   AddSource(app, &options->source);
   AddFormat(app, run);
   return [options, run] { return RunInstances(*options, run->format); };

@@ -80,16 +80,11 @@ int RunSnapshot(const SnapshotOptions& options) {
 
 std::function<int()> DeclareSnapshot(CLI::App* app, RunOptions*) {
   const auto options = std::make_shared<SnapshotOptions>();
-  app->add_option("-o,--output", options->file,
-                  "Write the snapshot to FILE; \"-\" is standard\noutput")
-      ->option_text("FILE")
-      ->required()
-      ->check(NotEmpty())
-      ->group("Output");
-  app->add_option("--provider", options->provider, "Take this provider only")
-      ->option_text("NAME")
-      ->check(NotEmpty())
-      ->group("Source");
+  AddOption(app,
+            {"-o,--output", "FILE", "Write the snapshot to FILE; \"-\" is standard\noutput",
+             "Output", true},
+            &options->file);
+  AddOption(app, {"--provider", "NAME", "Take this provider only", "Source"}, &options->provider);
   AddSmbiosDump(app, &options->smbiosDump);
   return [options] { return RunSnapshot(*options); };
 }

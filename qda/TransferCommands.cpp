@@ -198,23 +198,16 @@ int RunHost(const HostOptions& options, Format format) {
 
 std::function<int()> DeclarePut(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<TransferOptions>();
-  app->add_option("FILE", options->localFile, "The file to send")
-      ->required()
-      ->check(NotEmpty())
-      ->option_text(" ");
-  app->add_option("SERVER", options->server,
-                  "HOST, HOST:PORT (with --user) or an IPv6\naddress; \"/DIRECTORY\" may follow")
-      ->required()
-      ->check(NotEmpty())
-      ->option_text(" ");
-  app->add_option("--as", options->remoteFile, "Store it under NAME, not under its own")
-      ->option_text("NAME")
-      ->check(NotEmpty())
-      ->group("Transfer");
-  app->add_option("--user", options->user, "Log in as NAME; without it, anonymously")
-      ->option_text("NAME")
-      ->check(NotEmpty())
-      ->group("Login");
+  AddPositional(app, {"FILE", "The file to send", true}, &options->localFile);
+  AddPositional(
+      app,
+      {"SERVER", "HOST, HOST:PORT (with --user) or an IPv6\naddress; \"/DIRECTORY\" may follow",
+       true},
+      &options->server);
+  AddOption(app, {"--as", "NAME", "Store it under NAME, not under its own", "Transfer"},
+            &options->remoteFile);
+  AddOption(app, {"--user", "NAME", "Log in as NAME; without it, anonymously", "Login"},
+            &options->user);
   AddPasswordFile(app, kPasswordVariable, &options->passwordFile);
   AddFormat(app, run);
   return [options, run] { return RunPut(*options, run->format); };
@@ -222,30 +215,19 @@ std::function<int()> DeclarePut(CLI::App* app, RunOptions* run) {
 
 std::function<int()> DeclareFetch(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<TransferOptions>();
-  app->add_option("SERVER", options->server, "A host name or an IPv4 address")
-      ->required()
-      ->check(NotEmpty())
-      ->option_text(" ");
-  app->add_option("NAME", options->remoteFile, "The file on the server")
-      ->required()
-      ->check(NotEmpty())
-      ->option_text(" ");
-  app->add_option("FILE", options->localFile, "Where it goes; without it, under its own\nname")
-      ->check(NotEmpty())
-      ->option_text(" ");
+  AddPositional(app, {"SERVER", "A host name or an IPv4 address", true}, &options->server);
+  AddPositional(app, {"NAME", "The file on the server", true}, &options->remoteFile);
+  AddPositional(app, {"FILE", "Where it goes; without it, under its own\nname", false},
+                &options->localFile);
   AddFormat(app, run);
   return [options, run] { return RunFetch(*options, run->format); };
 }
 
 std::function<int()> DeclareHost(CLI::App* app, RunOptions* run) {
   const auto options = std::make_shared<HostOptions>();
-  app->add_option("NAME", options->name, "The host's name")
-      ->required()
-      ->check(NotEmpty())
-      ->option_text(" ");
-  app->add_option("SERVICE", options->service, "A service's name or port; \"ftp\" when not\ngiven")
-      ->check(NotEmpty())
-      ->option_text(" ");
+  AddPositional(app, {"NAME", "The host's name", true}, &options->name);
+  AddPositional(app, {"SERVICE", "A service's name or port; \"ftp\" when not\ngiven", false},
+                &options->service);
   AddFormat(app, run);
   return [options, run] { return RunHost(*options, run->format); };
 }
