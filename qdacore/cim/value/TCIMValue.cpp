@@ -8,6 +8,7 @@
 #include <qdacore/cim/value/TCIMDateTimeValueImpl.h>
 #include <qdacore/cim/value/TCIMNumericValueImpl.h>
 #include <qdacore/cim/value/TCIMReferenceValueImpl.h>
+#include <qdacore/cim/value/TCIMRoom.h>
 #include <qdacore/cim/value/TCIMStringValueImpl.h>
 #include <qdacore/cim/value/internal/NewBody.h>
 #include <qdacore/frame/internal/Throw.h>
@@ -29,6 +30,11 @@ TCIMValueImpl* CopyOf(const TCIMValueImpl& body) {
   return new Body(static_cast<const Body&>(body));
 }
 
+template <class Body>
+TCIMValueImpl* CopyIn(TCIMRoom& room, const TCIMValueImpl& body) {
+  return ::new (room.Take(sizeof(Body))) Body(static_cast<const Body&>(body));
+}
+
 }  // namespace
 
 TCIMValue::TCIMValue() : fBody(nullptr), fMaxArraySize(0) {}
@@ -47,6 +53,29 @@ TCIMValue::TCIMValue(TCIMType type, unsigned int maxArraySize,
 }
 
 TCIMValue::TCIMValue(const TCIMValue& other) : TCIMValue() { Set(other); }
+
+TCIMValue::TCIMValue(const TCIMValue& other, TCIMRoom& room) : TCIMValue() {
+  // A body tells that the type has values.
+  if (!other.fBody || other.fType >= TType::kCIMTypeReference) {
+    Set(other);
+    return;
+  }
+  switch (other.fType) {
+    case TType::kCIMTypeChar16:
+      fBody = CopyIn<TCIMChar16ValueImpl>(room, *other.fBody);
+      break;
+    case TType::kCIMTypeString:
+      fBody = CopyIn<TCIMStringValueImpl>(room, *other.fBody);
+      break;
+    case TType::kCIMTypeDateTime:
+      fBody = CopyIn<TCIMDateTimeValueImpl>(room, *other.fBody);
+      break;
+    default:
+      fBody = CopyIn<TCIMNumericValueImpl>(room, *other.fBody);
+      break;
+  }
+  fType = other.fType;
+}
 
 TCIMValue::TCIMValue(TCIMReference& value) : TCIMValue() { Set(value); }
 

@@ -43,6 +43,7 @@ namespace NZRVQDA20 {
 
 class ICIMClass;
 class ICIMNamespace;
+class TCIMRoom;
 class TCIMChar16;
 class TCIMDateTime;
 class TCIMReference;
@@ -144,6 +145,10 @@ class TCIMValue {
   QDACORE_EXPORT TCIMValue(TCIMType type, std::string& text, boost::shared_ptr<ICIMNamespace> ns);
 
   QDACORE_EXPORT TCIMValue(const TCIMValue& other);
+
+  // The same, with the body of a scalar other than a reference in `room`, which must outlive the
+  // value.
+  QDACORE_EXPORT TCIMValue(const TCIMValue& other, TCIMRoom& room);
 
   QDACORE_EXPORT ~TCIMValue();
 

@@ -6,6 +6,7 @@
 #include <qdacore/cim/value/TCIMChar16.h>
 #include <qdacore/cim/value/TCIMDateTime.h>
 #include <qdacore/cim/value/TCIMReference.h>
+#include <qdacore/cim/value/TCIMRoom.h>
 #include <qdacore/frame/internal/Throw.h>
 
 namespace NZRVQDA20 {
@@ -23,7 +24,11 @@ void* TCIMValueImpl::operator new(std::size_t size) {
   throw std::bad_alloc();
 }
 
-void TCIMValueImpl::operator delete(void* block) { std::free(block); }
+void TCIMValueImpl::operator delete(void* block) {
+  if (!TCIMRoom::IsIn(block)) {
+    std::free(block);
+  }
+}
 
 TCIMValueImpl::operator bool() const { NotThisKind(); }
 TCIMValueImpl::operator unsigned char() const { NotThisKind(); }

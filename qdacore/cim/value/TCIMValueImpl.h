@@ -23,7 +23,8 @@ class QDACORE_EXPORT TCIMValueImpl {
   virtual ~TCIMValueImpl() {}
 
   // A body is made and released on the library's side of a module border, whoever makes it, and
-  // straight from the C runtime's heap.
+  // straight from the C runtime's heap; unless it stands in a TCIMRoom, which then keeps the
+  // memory.
   static void* operator new(std::size_t size);
   static void operator delete(void* block);
 
