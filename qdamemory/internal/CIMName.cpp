@@ -1,9 +1,8 @@
 #include <qdamemory/internal/CIMName.h>
 
-#include <cstddef>
+#include <emmintrin.h>
 
 #include <qdamemory/internal/Fail.h>
-#include <qdamemory/internal/Mix.h>
 
 namespace NZRVQDA20 {
 
@@ -13,47 +12,31 @@ namespace {
 // characters, which for a hash is no harm.
 const std::uint64_t kCaseBits = 0x2020202020202020u;
 
-const std::uint64_t kHighBits = 0x8080808080808080u;
-const std::uint64_t kOnes = 0x0101010101010101u;
-
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-// The high bit of each byte of the result tells whether that byte of `low`, all of which are
-// below 128, lies between the two characters.
-std::uint64_t Between(std::uint64_t low, char first, char last) {
-  return (low + kOnes * static_cast<unsigned char>(128 - first)) &
-         ~(low + kOnes * static_cast<unsigned char>(127 - last));
+// What fills up a short name: ordinary characters.
+const std::uint64_t kFilling = 0x6161616161616161u;
+
+__m128i AllOf(char c) { return _mm_set1_epi8(c); }
+
+// All ones in each byte that is one of the `count` characters from `first` on.
+__m128i IsOneOf(__m128i characters, char first, char count) {
+  const __m128i place = _mm_sub_epi8(characters, AllOf(first));
+  return _mm_cmpeq_epi8(_mm_min_epu8(place, AllOf(static_cast<char>(count - 1))), place);
 }
 
-// True when each of the eight characters may stand in a name, not at its beginning.
-bool AreNameCharacters(std::uint64_t word) {
-  const std::uint64_t low = word & ~kHighBits;
-  const std::uint64_t fits =
-      word | Between(low, '0', '9') | Between(low, '_', '_') | Between(low | kCaseBits, 'a', 'z');
-  return (fits & kHighBits) == kHighBits;
+// True when each of the sixteen characters may stand in a name, not at its beginning.
+bool AreNameCharacters(std::uint64_t first, std::uint64_t second) {
+  const __m128i all = _mm_set_epi64x(static_cast<long long>(second), static_cast<long long>(first));
+  const __m128i letters = IsOneOf(_mm_or_si128(all, AllOf(0x20)), 'a', 26);
+  const __m128i digits = IsOneOf(all, '0', 10);
+  const __m128i underscores = _mm_cmpeq_epi8(all, AllOf('_'));
+  // The highest bit of a byte is what counts, and in `all` it is a character beyond ASCII.
+  const __m128i fits = _mm_or_si128(_mm_or_si128(letters, digits), _mm_or_si128(underscores, all));
+  return _mm_movemask_epi8(fits) == 0xFFFF;
 }
 
-// Without a call, because names are short.
-bool EqualBytes(const char* left, const char* right, std::size_t size) {
-  if (size < 8) {
-    return LoadShort(left, size) == LoadShort(right, size);
-  }
-  for (std::size_t at = 0; at + 8 < size; at += 8) {
-    if (LoadWord(left + at) != LoadWord(right + at)) {
-      return false;
-    }
-  }
-  return LoadWord(left + size - 8) == LoadWord(right + size - 8);
-}
-
-bool IsNameCharacter(unsigned char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
-         c >= 0x80;
-}
-
-}  // namespace
-
-std::uint32_t HashCIMName(const std::string& name) {
+inline std::uint32_t Hash(const std::string& name) {
   const char* text = name.data();
   const std::size_t size = name.size();
   std::uint64_t hash = size;
@@ -69,18 +52,36 @@ std::uint32_t HashCIMName(const std::string& name) {
   return static_cast<std::uint32_t>(Finish(hash));
 }
 
-bool IsSameText(const std::string& left, const std::string& right) {
-  return left.size() == right.size() && EqualBytes(left.data(), right.data(), left.size());
+inline bool IsName(const std::string& name) {
+  const char* text = name.data();
+  const std::size_t size = name.size();
+  if (size == 0 || (text[0] >= '0' && text[0] <= '9')) {
+    return false;
+  }
+  if (size < 8) {
+    // Four bytes and more make a whole word; fewer leave room.
+    return AreNameCharacters(LoadShort(text, size) | (size < 4 ? kFilling << 24 : 0), kFilling);
+  }
+  for (std::size_t at = 8; at + 8 < size; at += 8) {
+    if (!AreNameCharacters(LoadWord(text + at), kFilling)) {
+      return false;
+    }
+  }
+  return AreNameCharacters(LoadWord(text), LoadWord(text + size - 8));
 }
 
+}  // namespace
+
+std::uint32_t HashCIMName(const std::string& name) { return Hash(name); }
+
 bool EqualCIMNames(const std::string& left, const std::string& right) {
+  // Nearly always the case is the same too.
+  if (IsSameText(left, right)) {
+    return true;
+  }
   const std::size_t size = left.size();
   if (size != right.size()) {
     return false;
-  }
-  // Nearly always the case is the same too.
-  if (EqualBytes(left.data(), right.data(), size)) {
-    return true;
   }
   for (std::size_t at = 0; at < size; ++at) {
     if (Lower(left[at]) != Lower(right[at])) {
@@ -90,32 +91,19 @@ bool EqualCIMNames(const std::string& left, const std::string& right) {
   return true;
 }
 
-bool IsCIMName(const std::string& name) {
-  const char* text = name.data();
-  const std::size_t size = name.size();
-  if (size == 0 || (text[0] >= '0' && text[0] <= '9')) {
-    return false;
-  }
-  if (size < 8) {
-    for (std::size_t at = 0; at < size; ++at) {
-      if (!IsNameCharacter(static_cast<unsigned char>(text[at]))) {
-        return false;
-      }
-    }
-    return true;
-  }
-  for (std::size_t at = 0; at + 8 < size; at += 8) {
-    if (!AreNameCharacters(LoadWord(text + at))) {
-      return false;
-    }
-  }
-  return AreNameCharacters(LoadWord(text + size - 8));
-}
+bool IsCIMName(const std::string& name) { return IsName(name); }
 
 void RequireCIMName(const std::string& name) {
   if (!IsCIMName(name)) {
     Fail(TQDAStatusCode::kQDAStatusInvalidCIMName);
   }
+}
+
+std::uint32_t HashNewCIMName(const std::string& name) {
+  if (!IsName(name)) {
+    Fail(TQDAStatusCode::kQDAStatusInvalidCIMName);
+  }
+  return Hash(name);
 }
 
 std::string FoldCIMName(const std::string& name) {

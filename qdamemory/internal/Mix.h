@@ -16,13 +16,21 @@ inline std::uint64_t LoadWord(const char* text) {
   return word;
 }
 
-// All of a text of fewer than eight bytes.
+inline std::uint64_t LoadByte(const char* text) { return static_cast<unsigned char>(*text); }
+
+// All of a text of fewer than eight bytes, some of them twice; for texts of one size the results
+// are as equal as the texts.
 inline std::uint64_t LoadShort(const char* text, std::size_t size) {
-  std::uint64_t word = 0;
-  for (std::size_t at = 0; at < size; ++at) {
-    word = word << 8 | static_cast<unsigned char>(text[at]);
+  if (size >= 4) {
+    std::uint32_t first;
+    std::uint32_t last;
+    std::memcpy(&first, text, sizeof(first));
+    std::memcpy(&last, text + size - 4, sizeof(last));
+    return static_cast<std::uint64_t>(last) << 32 | first;
   }
-  return word;
+  return size == 0
+             ? 0
+             : LoadByte(text) | LoadByte(text + size / 2) << 8 | LoadByte(text + size - 1) << 16;
 }
 
 // 2 to the 64th over the golden ratio, odd.

@@ -23,6 +23,7 @@ TMemoryClass::TMemoryClass(TMemoryNamespace& ns, const std::string& name,
       fIsCommitted(false),
       fIsAssociation(superclass && superclass->fIsAssociation),
       fIsAbstract(false),
+      fHasOwnKeys(false),
       fSlotCount(superclass ? superclass->fSlotCount : 0),
       fLastFound(0),
       fKeys(0) {}

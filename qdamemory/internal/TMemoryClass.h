@@ -24,6 +24,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <qdacore/cim/object/ICIMClass.h>
+#include <qdacore/cim/value/TCIMRoom.h>
 #include <qdamemory/internal/Context.h>
 #include <qdamemory/internal/Fail.h>
 #include <qdamemory/internal/TMemoryMethodDecl.h>
@@ -88,6 +89,10 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
   std::size_t Number() const { return fNumber; }
   bool IsCommitted() const { return fIsCommitted; }
   const boost::shared_ptr<TQualifierDeclPool>& DeclPool() const { return fDeclPool; }
+  // For the qualifiers of the class and of all that it declares.
+  TCIMRoom& Room() { return fRoom; }
+  // One of the class's own declarations says that it is a key.
+  void NoteOwnKey() { fHasOwnKeys = true; }
   // Null for a root class.
   const TMemoryClass* SuperClass() const { return fSuper.get(); }
   // Null when the namespace is gone.
@@ -152,10 +157,13 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
   TMemoryClass* fFirstSubClass;
   TMemoryClass* fLastSubClass;
   TMemoryClass* fNextSibling;
+  // In front of all that stands in it.
+  TCIMRoom fRoom;
   TQualifierList fQualifiers;
   bool fIsCommitted;
   bool fIsAssociation;
   bool fIsAbstract;
+  bool fHasOwnKeys;
 
   // How many slots there are, inherited ones included.
   std::uint32_t fSlotCount;

@@ -9,6 +9,7 @@
 #include <qdamemory/internal/StoredValue.h>
 #include <qdamemory/internal/TKeyIndex.h>
 #include <qdamemory/internal/TMemoryClass.h>
+#include <qdamemory/internal/TMemoryNamespace.h>
 
 namespace NZRVQDA20 {
 
@@ -28,8 +29,7 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::AddPropertyDecl(const std::str
                                                                   const TCIMValue& defaultValue,
                                                                   TContext) {
   RequireOpen();
-  RequireCIMName(name);
-  const std::uint32_t hash = HashCIMName(name);
+  const std::uint32_t hash = HashNewCIMName(name);
   if (fProperties.Find(name, hash) != 0) {
     Fail(TQDAStatusCode::kQDAStatusAlreadyExists);
   }
@@ -43,7 +43,8 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::AddPropertyDecl(const std::str
   if (overridden == 0) {
     ++fSlotCount;
   }
-  return boost::shared_ptr<ICIMPropertyDecl>(shared_from_this(), decl);
+  // From the namespace's own hold, which costs less than to ask whether there still is one.
+  return boost::shared_ptr<ICIMPropertyDecl>(fNamespace->ClassAt(fNumber), decl);
 }
 
 boost::shared_ptr<const ICIMPropertyDecl> TMemoryClass::GetPropertyDecl(const std::string& name,
@@ -177,15 +178,15 @@ const TMemoryMethodDecl* TMemoryClass::FindMethod(const std::string& name) const
 
 void TMemoryClass::SettleKeys() {
   fKeys = fSuper ? fSuper->fKeys : 0;
+  if (fKeys == 0 && !fHasOwnKeys) {
+    return;
+  }
   std::vector<std::uint32_t> slots;
   if (fKeys != 0) {
     slots = fKeys->Slots();
   }
   bool changed = false;
   fProperties.ForEach([&slots, &changed](const TMemoryPropertyDecl& decl) {
-    if (!decl.IsKey() && slots.empty()) {
-      return;
-    }
     const std::vector<std::uint32_t>::iterator found =
         std::find(slots.begin(), slots.end(), decl.Slot());
     if (decl.IsKey() && found == slots.end()) {

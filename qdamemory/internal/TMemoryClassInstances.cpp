@@ -100,8 +100,11 @@ void TMemoryClass::AddInstance(boost::shared_ptr<ICIMInstance> instance) {
   if (own->Serial() != 0) {
     Fail(TQDAStatusCode::kQDAStatusAlreadyExists);
   }
+  // One key, unless it is a text, needs no more than the string itself has room for.
   std::string key;
-  key.reserve(kOrdinaryKeyText);
+  if (fKeys != 0 && fKeys->Slots().size() > 1) {
+    key.reserve(kOrdinaryKeyText);
+  }
   // An instance with a null key has no name: it is enumerated and nothing else.
   const bool hasName = fKeys != 0 && fKeys->TextOf(*own, key);
   if (hasName) {

@@ -52,7 +52,12 @@ void TMemoryInstance::SetProperty(const std::string& name, const TCIMValue& valu
     }
     return;
   }
-  decl->StoreTo(fValues.Make(decl->Slot(), decl->Type()), value);
+  // The first value that a property is given is mostly its only one.
+  if (!fValues.IsMade(decl->Slot()) && !HoldsReferences(value)) {
+    fValues.MakeCopy(decl->Slot(), value);
+  } else {
+    decl->StoreTo(fValues.Make(decl->Slot(), decl->Type()), value);
+  }
 }
 
 void TMemoryInstance::EnumerateProperties(

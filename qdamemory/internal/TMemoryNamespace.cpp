@@ -31,13 +31,12 @@ TMemoryNamespace::~TMemoryNamespace() {
 boost::shared_ptr<ICIMClass> TMemoryNamespace::CreateClass(const std::string& name,
                                                            boost::shared_ptr<ICIMClass> superclass,
                                                            TContext) {
-  RequireCIMName(name);
-  const std::uint32_t hash = HashCIMName(name);
+  const std::uint32_t hash = HashNewCIMName(name);
   if (fTable.Find(name, hash) != 0) {
     Fail(TQDAStatusCode::kQDAStatusAlreadyExists);
   }
   const boost::shared_ptr<TMemoryClass> super = OwnSuperClass(superclass);
-  const boost::shared_ptr<TMemoryClass> cls =
+  boost::shared_ptr<TMemoryClass> cls =
       boost::make_shared<TMemoryClass>(boost::ref(*this), name, super, fClasses.size());
   fClasses.push_back(cls);
   try {

@@ -46,6 +46,10 @@ class TMemoryNamespace final : public ICIMNamespace,
 
   const std::string& Name() const { return fName; }
   const boost::shared_ptr<TQualifierDeclPool>& DeclPool() const { return fDeclPool; }
+  // The class that was created as the `number`-th, counted from 0, as the namespace holds it.
+  const boost::shared_ptr<TMemoryClass>& ClassAt(std::size_t number) const {
+    return fClasses[number];
+  }
   std::size_t ClassCount() const { return fClasses.size(); }
 
   // The serial of the instance published last; 0 when there is none.

@@ -1,28 +1,25 @@
 #include <qdamemory/internal/TMemoryPropertyDecl.h>
 
+#include <memory>
+
 #include <qdacore/cim/object/ICIMQualifier.h>
-#include <qdamemory/internal/Fail.h>
 #include <qdamemory/internal/StoredValue.h>
 #include <qdamemory/internal/TMemoryClass.h>
 #include <qdamemory/internal/TMemoryQualifierDecl.h>
 
 namespace NZRVQDA20 {
 
-TMemoryPropertyDecl::TMemoryPropertyDecl(TMemoryClass& cls, const std::string& name,
-                                         const TCIMValue& defaultValue,
-                                         const TMemoryPropertyDecl* overridden, std::uint32_t slot)
-    : fClass(cls),
-      fName(name),
-      fDefaultValue(defaultValue.GetType(),
-                    defaultValue.IsArray() ? defaultValue.GetMaxArraySize() : 0),
-      fQualifiers(overridden == 0 ? 0 : &overridden->fQualifiers),
-      fSlot(slot),
-      fIsKey(overridden != 0 && overridden->fIsKey),
-      fIsCommitted(false) {
-  // A plain null, which most defaults are, is there already.
-  if (!defaultValue.IsNull() || HoldsReferences(defaultValue)) {
-    StoreValue(fDefaultValue, defaultValue);
-  }
+TMemoryPropertyDecl::~TMemoryPropertyDecl() { delete OwnDefault(); }
+
+const TCIMValue* TMemoryPropertyDecl::CopyOf(const TCIMValue& value) {
+  std::unique_ptr<TCIMValue> copy(
+      new TCIMValue(value.GetType(), value.IsArray() ? value.GetMaxArraySize() : 0));
+  StoreValue(*copy, value);
+  return copy.release();
+}
+
+TCIMValue* TMemoryPropertyDecl::OwnDefault() const {
+  return PlainNull(*fDefaultValue) == fDefaultValue ? 0 : const_cast<TCIMValue*>(fDefaultValue);
 }
 
 boost::shared_ptr<ICIMQualifier> TMemoryPropertyDecl::AddQualifier(
@@ -34,6 +31,7 @@ boost::shared_ptr<ICIMQualifier> TMemoryPropertyDecl::AddQualifier(
   TMemoryQualifier* qualifier = fQualifiers.Add(fClass, declaration, value);
   if (qualifier->Decl()->Meaning() == TMemoryQualifierDecl::kKey) {
     fIsKey = IsTrue(qualifier->Value());
+    fClass.NoteOwnKey();
   }
   return TQualifierList::Share(fClass, qualifier);
 }
@@ -58,24 +56,14 @@ const std::string& TMemoryPropertyDecl::GetName(TContext) const { return fName; 
 
 TCIMValue::TCIMType TMemoryPropertyDecl::GetType(TContext) const { return Type(); }
 
-const TCIMValue& TMemoryPropertyDecl::GetDefaultValue(TContext) const { return fDefaultValue; }
+const TCIMValue& TMemoryPropertyDecl::GetDefaultValue(TContext) const { return *fDefaultValue; }
 
 boost::shared_ptr<const ICIMPropertyDecl> TMemoryPropertyDecl::Share() const {
   return boost::shared_ptr<const ICIMPropertyDecl>(fClass.shared_from_this(), this);
 }
 
-void TMemoryPropertyDecl::RequireFits(const TCIMValue& value) const {
-  if (value.GetType() != Type()) {
-    Fail(TQDAStatusCode::kQDAStatusTypeMismatch);
-  }
-  // Only a scalar names its class; and a reference property may be declared without one.
-  if (value.IsReference() && !value.IsNull()) {
-    RequireRefersTo(value);
-  }
-}
-
 void TMemoryPropertyDecl::RequireRefersTo(const TCIMValue& value) const {
-  const boost::shared_ptr<ICIMClass> declared = fDefaultValue.GetReferencedClass();
+  const boost::shared_ptr<ICIMClass> declared = fDefaultValue->GetReferencedClass();
   if (declared && !IsNamedOrDerived(value.GetReferencedClass(), declared->GetName(TContext()))) {
     Fail(TQDAStatusCode::kQDAStatusInvalidReference);
   }
@@ -84,12 +72,14 @@ void TMemoryPropertyDecl::RequireRefersTo(const TCIMValue& value) const {
 void TMemoryPropertyDecl::StoreTo(TCIMValue& slot, const TCIMValue& value) const {
   StoreValue(slot, value);
   if (slot.IsNull() && slot.IsReference()) {
-    slot.SetReferencedClass(fDefaultValue.GetReferencedClass());
+    slot.SetReferencedClass(fDefaultValue->GetReferencedClass());
   }
 }
 
 void TMemoryPropertyDecl::Release() {
-  ReleaseReferences(fDefaultValue);
+  if (TCIMValue* own = OwnDefault()) {
+    ReleaseReferences(*own);
+  }
   fQualifiers.Release();
 }
 

@@ -1,6 +1,5 @@
 #include <qdamemory/internal/TPropertyDeclList.h>
 
-#include <new>
 #include <utility>
 
 namespace NZRVQDA20 {
@@ -9,7 +8,7 @@ TPropertyDeclList::~TPropertyDeclList() {
   ForEach([](TMemoryPropertyDecl& decl) { decl.~TMemoryPropertyDecl(); });
   while (fFirst != 0) {
     TBlock* next = fFirst->next;
-    delete fFirst;
+    ::operator delete(fFirst);
     fFirst = next;
   }
 }
@@ -19,68 +18,46 @@ TMemoryPropertyDecl* TPropertyDeclList::At(std::uint32_t position) const {
     return fTable->At(position);
   }
   TBlock* block = fFirst;
-  for (; position >= kBlockSize; position -= kBlockSize) {
-    block = block->next;
+  for (; position >= block->capacity; block = block->next) {
+    position -= static_cast<std::uint32_t>(block->capacity);
   }
-  return block->At(position);
+  return block->Begin() + position;
 }
 
-TMemoryPropertyDecl* TPropertyDeclList::Find(const std::string& name, std::uint32_t hash) const {
-  if ((fSeen & SeenBit(hash)) == 0) {
-    return 0;
-  }
+TMemoryPropertyDecl* TPropertyDeclList::Search(const std::string& name, std::uint32_t hash) const {
   if (fTable) {
     return fTable->Find(name, hash);
   }
-  std::uint32_t left = fSize;
-  for (TBlock* block = fFirst; block != 0; block = block->next) {
-    for (std::uint32_t place = 0; place < kBlockSize && left != 0; ++place, --left) {
-      if (block->hashes[place] == hash && EqualCIMNames(block->At(place)->Name(), name)) {
-        return block->At(place);
-      }
+  TMemoryPropertyDecl* found = 0;
+  ForEach([&](TMemoryPropertyDecl& decl) {
+    if (decl.Hash() == hash && EqualCIMNames(decl.Name(), name)) {
+      found = &decl;
     }
-  }
-  return 0;
+  });
+  return found;
 }
 
-TMemoryPropertyDecl* TPropertyDeclList::Add(TMemoryClass& cls, const std::string& name,
-                                            std::uint32_t hash, const TCIMValue& defaultValue,
-                                            const TMemoryPropertyDecl* overridden,
-                                            std::uint32_t slot) {
-  if (fSize == kLarge) {
-    BuildTable();
+// An empty block at the end, and a table that is made too early, are no harm to anything.
+void TPropertyDeclList::MakeRoom() {
+  if (fSize >= kLarge && !fTable) {
+    std::unique_ptr<TNameTable<TMemoryPropertyDecl> > table(new TNameTable<TMemoryPropertyDecl>());
+    ForEach([&table](TMemoryPropertyDecl& decl) { table->Add(&decl, decl.Hash()); });
+    fTable = std::move(table);
   }
-  const std::uint32_t place = fSize % kBlockSize;
-  std::unique_ptr<TBlock> added(place == 0 ? new TBlock() : 0);
-  TBlock* block = place == 0 ? added.get() : fLast;
-  TMemoryPropertyDecl* decl =
-      new (block->At(place)) TMemoryPropertyDecl(cls, name, defaultValue, overridden, slot);
-  if (fTable) {
-    try {
-      fTable->Add(decl, hash);
-    } catch (...) {
-      decl->~TMemoryPropertyDecl();
-      throw;
-    }
-  }
-  block->hashes[place] = hash;
-  if (added) {
-    (fLast == 0 ? fFirst : fLast->next) = block;
-    fLast = added.release();
-  }
-  ++fSize;
-  fSeen |= SeenBit(hash);
-  return decl;
+  const std::uint32_t capacity = fSize == 0 ? kFirstCapacity : kNextCapacity;
+  void* const memory = ::operator new(sizeof(TBlock) + capacity * sizeof(TMemoryPropertyDecl));
+  fLast = (fLast == 0 ? fFirst : fLast->next) = new (memory) TBlock(capacity);
+  fNext = fLast->Begin();
+  fEnd = fLast->End();
 }
 
-void TPropertyDeclList::BuildTable() {
-  std::unique_ptr<TNameTable<TMemoryPropertyDecl> > table(new TNameTable<TMemoryPropertyDecl>());
-  for (TBlock* block = fFirst; block != 0; block = block->next) {
-    for (std::uint32_t place = 0; place < kBlockSize; ++place) {
-      table->Add(block->At(place), block->hashes[place]);
-    }
+void TPropertyDeclList::AddToTable(TMemoryPropertyDecl* decl) {
+  try {
+    fTable->Add(decl, decl->Hash());
+  } catch (...) {
+    decl->~TMemoryPropertyDecl();
+    throw;
   }
-  fTable = std::move(table);
 }
 
 }  // namespace NZRVQDA20

@@ -1,6 +1,6 @@
 #include <qdamemory/internal/TQualifierList.h>
 
-#include <cstddef>
+#include <new>
 
 #include <qdamemory/internal/CIMName.h>
 #include <qdamemory/internal/Fail.h>
@@ -14,12 +14,12 @@ namespace NZRVQDA20 {
 TQualifierList::~TQualifierList() {
   while (fFirst != 0) {
     TMemoryQualifier* next = fFirst->fNext;
-    delete fFirst;
+    fFirst->~TMemoryQualifier();
     fFirst = next;
   }
 }
 
-TMemoryQualifier* TQualifierList::Add(const TMemoryClass& cls,
+TMemoryQualifier* TQualifierList::Add(TMemoryClass& cls,
                                       const boost::shared_ptr<ICIMQualifierDecl>& declaration,
                                       const TCIMValue& value) {
   const TMemoryQualifierDecl* decl = dynamic_cast<const TMemoryQualifierDecl*>(declaration.get());
@@ -39,7 +39,8 @@ TMemoryQualifier* TQualifierList::Add(const TMemoryClass& cls,
       Fail(TQDAStatusCode::kQDAStatusNotOverridable);
     }
   }
-  *end = new TMemoryQualifier(decl, value);
+  static_assert(sizeof(TMemoryQualifier) <= TCIMRoom::kMost, "a qualifier finds room");
+  *end = new (cls.Room().Take(sizeof(TMemoryQualifier))) TMemoryQualifier(decl, value);
   return *end;
 }
 

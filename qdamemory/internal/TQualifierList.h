@@ -1,5 +1,6 @@
 // TQualifierList: the qualifiers that one element has itself, in order of creation, and the way
-// to those that it inherits. They never move, since they are given out as they are.
+// to those that it inherits. They stand in the room of their class, and never move, since they are
+// given out as they are.
 
 #ifndef QDAMEMORY_INTERNAL_TQUALIFIERLIST_H
 #define QDAMEMORY_INTERNAL_TQUALIFIERLIST_H
@@ -27,8 +28,7 @@ class TQualifierList {
   //   kQDAStatusTypeMismatch       the value is not of the declared type
   //   kQDAStatusAlreadyExists      the element itself has one of that name
   //   kQDAStatusNotOverridable     what is inherited has another value and must keep it
-  TMemoryQualifier* Add(const TMemoryClass& cls,
-                        const boost::shared_ptr<ICIMQualifierDecl>& declaration,
+  TMemoryQualifier* Add(TMemoryClass& cls, const boost::shared_ptr<ICIMQualifierDecl>& declaration,
                         const TCIMValue& value);
 
   // The qualifier that the element has or inherits; null when there is none.

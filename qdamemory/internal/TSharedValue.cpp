@@ -4,17 +4,33 @@
 #include <mutex>
 #include <vector>
 
+#include <qdamemory/internal/Mix.h>
 #include <qdamemory/internal/StoredValue.h>
 #include <qdamemory/internal/ValueContent.h>
 
 namespace NZRVQDA20 {
 
-// A table of chains. Its lock is held for a look and a link, never while a value is copied.
+// Two tables of chains, by content and by where the value stands. Its lock is held for a look and a
+// link, never while a value is copied.
 class TSharedValuePool {
  public:
   typedef TSharedValue::TEntry TEntry;
 
-  TSharedValuePool() : fBuckets(1024), fSize(0) {}
+  TSharedValuePool() : fByContent(1024), fByAddress(1024), fSize(0) {}
+
+  // The entry of which `value` is the value, with one more holder; null when it is none of the
+  // pool's. What is copied between namespaces mostly is, and then nobody needs to read it.
+  TEntry* HoldOwn(const TCIMValue& value) {
+    const std::lock_guard<std::mutex> guard(fLock);
+    TEntry* entry = AddressBucket(value);
+    while (entry != 0 && &entry->value != &value) {
+      entry = entry->nextByAddress;
+    }
+    if (entry != 0) {
+      ++entry->holders;
+    }
+    return entry;
+  }
 
   // The entry of equal content with one more holder, or null.
   TEntry* Hold(const TCIMValue& value, std::uint64_t hash) {
@@ -28,13 +44,12 @@ class TSharedValuePool {
     if (TEntry* other = HoldLocked(entry->value, entry->hash)) {
       return other;
     }
-    if (fSize == fBuckets.size()) {
+    if (fSize == fByContent.size()) {
       Grow();
     }
-    TEntry*& bucket = Bucket(entry->hash);
-    entry->next = bucket;
     ++fSize;
-    return bucket = entry.release();
+    Link(entry.get());
+    return entry.release();
   }
 
   void Drop(TEntry* entry) {
@@ -43,11 +58,8 @@ class TSharedValuePool {
     if (--entry->holders != 0) {
       return;
     }
-    TEntry** link = &Bucket(entry->hash);
-    while (*link != entry) {
-      link = &(*link)->next;
-    }
-    *link = entry->next;
+    Unlink(ContentBucket(entry->hash), &TEntry::nextByContent, entry);
+    Unlink(AddressBucket(entry->value), &TEntry::nextByAddress, entry);
     --fSize;
     last.reset(entry);
   }
@@ -58,10 +70,16 @@ class TSharedValuePool {
   }
 
  private:
-  TEntry*& Bucket(std::uint64_t hash) { return fBuckets[hash & (fBuckets.size() - 1)]; }
+  typedef std::vector<TEntry*> TBuckets;
+
+  TEntry*& ContentBucket(std::uint64_t hash) { return fByContent[hash & (fByContent.size() - 1)]; }
+  TEntry*& AddressBucket(const TCIMValue& value) {
+    const std::uint64_t hash = Finish(reinterpret_cast<std::uintptr_t>(&value));
+    return fByAddress[hash & (fByAddress.size() - 1)];
+  }
 
   TEntry* HoldLocked(const TCIMValue& value, std::uint64_t hash) {
-    for (TEntry* entry = Bucket(hash); entry != 0; entry = entry->next) {
+    for (TEntry* entry = ContentBucket(hash); entry != 0; entry = entry->nextByContent) {
       if (entry->hash == hash && IsSameContent(entry->value, value)) {
         ++entry->holders;
         return entry;
@@ -70,22 +88,39 @@ class TSharedValuePool {
     return 0;
   }
 
+  void Link(TEntry* entry) {
+    TEntry*& alike = ContentBucket(entry->hash);
+    entry->nextByContent = alike;
+    alike = entry;
+    TEntry*& there = AddressBucket(entry->value);
+    entry->nextByAddress = there;
+    there = entry;
+  }
+
+  static void Unlink(TEntry*& bucket, TEntry* TEntry::*next, TEntry* entry) {
+    TEntry** link = &bucket;
+    while (*link != entry) {
+      link = &((*link)->*next);
+    }
+    *link = entry->*next;
+  }
+
   void Grow() {
-    std::vector<TEntry*> old(fBuckets.size() * 2);
-    old.swap(fBuckets);
+    TBuckets old(fByContent.size() * 2);
+    TBuckets(old.size()).swap(fByAddress);
+    old.swap(fByContent);
     for (TEntry* entry : old) {
       while (entry != 0) {
-        TEntry* const next = entry->next;
-        TEntry*& bucket = Bucket(entry->hash);
-        entry->next = bucket;
-        bucket = entry;
+        TEntry* const next = entry->nextByContent;
+        Link(entry);
         entry = next;
       }
     }
   }
 
   std::mutex fLock;
-  std::vector<TEntry*> fBuckets;
+  TBuckets fByContent;
+  TBuckets fByAddress;
   std::size_t fSize;
 };
 
@@ -99,7 +134,10 @@ TSharedValuePool& Pool() {
 
 }  // namespace
 
-TSharedValue::TSharedValue(const TCIMValue& value) : fEntry(0) {
+TSharedValue::TSharedValue(const TCIMValue& value) : fEntry(Pool().HoldOwn(value)) {
+  if (fEntry != 0) {
+    return;
+  }
   const bool isShared = HasExactContent(value);
   const std::uint64_t hash = isShared ? HashContent(value) : 0;
   if (isShared && (fEntry = Pool().Hold(value, hash)) != 0) {

@@ -35,7 +35,9 @@ class TSharedValue {
   friend class TSharedValuePool;
 
   struct TEntry {
-    TEntry* next;
+    // In the chains of the pool's tables.
+    TEntry* nextByContent;
+    TEntry* nextByAddress;
     std::uint64_t hash;
     std::size_t holders;
     bool isShared;

@@ -1,5 +1,5 @@
 // TValueSlots: places for a fixed number of values, each of which comes into being when it is
-// first asked for. Values never move. One allocation.
+// first asked for. Values never move. One allocation, and a few more for all that they hold.
 
 #ifndef QDAMEMORY_INTERNAL_TVALUESLOTS_H
 #define QDAMEMORY_INTERNAL_TVALUESLOTS_H
@@ -9,6 +9,7 @@
 #include <cstring>
 #include <new>
 
+#include <qdacore/cim/value/TCIMRoom.h>
 #include <qdacore/cim/value/TCIMValue.h>
 
 namespace NZRVQDA20 {
@@ -45,6 +46,12 @@ class TValueSlots {
     return fValues[slot];
   }
 
+  // Makes the value in `slot`, which is not there yet, a copy.
+  void MakeCopy(std::uint32_t slot, const TCIMValue& value) {
+    new (fValues + slot) TCIMValue(value, fRoom);
+    fIsMade[slot] = 1;
+  }
+
  private:
   TValueSlots(const TValueSlots&);
   TValueSlots& operator=(const TValueSlots&);
@@ -52,6 +59,8 @@ class TValueSlots {
   TCIMValue* fValues;
   unsigned char* fIsMade;
   std::uint32_t fCount;
+  // The values are ended before it.
+  TCIMRoom fRoom;
 };
 
 }  // namespace NZRVQDA20

@@ -142,6 +142,34 @@ TEST(MemoryNamespace, OnlyCimIdentifiersAreNames) {
   }
 }
 
+bool MayStandInAName(unsigned char c, bool isFirst) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c >= 0x80 ||
+         (!isFirst && c >= '0' && c <= '9');
+}
+
+// Names are looked at some bytes at a time, so every length has its own way.
+TEST(MemoryNamespace, EveryByteCountsAtEveryPlaceOfANameOfEveryLength) {
+  for (std::size_t size = 1; size <= 26; ++size) {
+    const Namespace ns = MakeNamespace();
+    for (std::size_t at = 0; at < size; ++at) {
+      const Class cls = Open(ns, "Cls" + std::to_string(at));
+      for (int byte = 0; byte < 256; ++byte) {
+        std::string name(size, 'n');
+        name[at] = static_cast<char>(byte);
+        // A small letter comes after its capital, and is no other.
+        const char* expected = "nothing";
+        if (!MayStandInAName(static_cast<unsigned char>(byte), at == 0)) {
+          expected = "kQDAStatusInvalidCIMName";
+        } else if (byte >= 'a' && byte <= 'z') {
+          expected = "kQDAStatusAlreadyExists";
+        }
+        EXPECT_EQ(expected, test_support::ThrownStatus([&] { Add(cls, name, TCIMValue(1)); }))
+            << size << ", byte " << byte << " at " << at;
+      }
+    }
+  }
+}
+
 TEST(MemoryNamespace, RootClassesComeInOrderOfCreation) {
   const Namespace ns = MakeNamespace();
   const Class zebra = Make(ns, "Zebra");

@@ -1,6 +1,7 @@
 // Equal qualifier values stand once in a process, and that is not to be seen in any other way.
 
 #include <limits>
+#include <memory>
 #include <thread>
 
 #include <qdacore/cim/value/TCIMChar16.h>
@@ -109,6 +110,20 @@ TEST(SharedQualifierValue, OutlivesTheNamespaceThatHadItFirst) {
     kept = second.cls->GetQualifier("Q", None());
   }
   EXPECT_EQ(value, kept->GetValue(None()));
+}
+
+// A copy is made from the value that the other namespace gives out.
+TEST(SharedQualifierValue, GivenOnFromNamespaceToNamespaceStaysInOnePlace) {
+  for (const TCIMValue& value : ExactValues()) {
+    SCOPED_TRACE(value.GetType().ToString());
+    std::unique_ptr<Qualified> last(new Qualified(value));
+    for (int copies = 0; copies < 3; ++copies) {
+      std::unique_ptr<Qualified> next(new Qualified(last->Value()));
+      EXPECT_EQ(&last->Value(), &next->Value());
+      last.swap(next);
+    }
+    EXPECT_EQ(value, last->Value());
+  }
 }
 
 TEST(SharedQualifierValue, ThreadsFillNamespacesOfTheirOwn) {
