@@ -1,6 +1,7 @@
 // Classes and whole schemas moved from one namespace to another. The callbacks are defined in the
 // order in which a copy comes to them.
 
+#include <utility>
 #include <vector>
 
 #include <boost/function.hpp>
@@ -161,10 +162,12 @@ bool TCopyQualifier::operator()(shared_ptr<ICIMQualifier> source) {
   const shared_ptr<const ICIMQualifierDecl> sourceDeclaration =
       source->GetQualifierDecl(TEmptyContext());
   const shared_ptr<ICIMNamespace> target = fTarget.lock();
-  const shared_ptr<ICIMQualifierDecl> declaration =
+  shared_ptr<ICIMQualifierDecl> declaration =
       target->GetQualifierDecl(sourceDeclaration->GetName(TEmptyContext()), TEmptyContext());
   const TCopiedValue value(source->GetValue(TEmptyContext()), fTarget);
-  fElement.lock()->AddQualifier(declaration, value.Get(), TEmptyContext())->Commit(TEmptyContext());
+  fElement.lock()
+      ->AddQualifier(std::move(declaration), value.Get(), TEmptyContext())
+      ->Commit(TEmptyContext());
   return true;
 }
 
