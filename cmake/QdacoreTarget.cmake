@@ -15,7 +15,7 @@ function(qdacore_target_defaults target)
   if(NOT WIN32)
     # Nobody overrides a library's functions from outside, so its own calls go straight.
     target_compile_options(${target} PRIVATE
-      $<$<CXX_COMPILER_ID:GNU,Clang>:-fno-semantic-interposition;-fno-plt>
+      $<$<CXX_COMPILER_ID:GNU,Clang>:-fno-semantic-interposition>
       # A unique symbol would keep a library from ever being unloaded.
       $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
     get_target_property(type ${target} TYPE)
@@ -28,12 +28,4 @@ function(qdacore_target_defaults target)
     set_target_properties(${target} PROPERTIES PREFIX "")
   endif()
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:qdacore_build_options>)
-endfunction()
-
-# For what runs for a few milliseconds only: a function of another library is looked up when it is
-# first called, for most never are. The libraries pay at each start for quicker calls (-fno-plt).
-function(qdacore_bind_late target)
-  if(NOT WIN32)
-    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU,Clang>:-fplt>)
-  endif()
 endfunction()
