@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <qda/Text.h>
+#include <qda/host/Paths.h>
 #include <qda/host/Terminal.h>
 
 namespace qda {
@@ -58,7 +59,7 @@ void Progress::Show() {
   while (!fChanged.wait_for(lock, kBetweenLines, [this] { return fIsDone; })) {
     std::error_code error;
     const std::uintmax_t size =
-        fGrowingFile.empty() ? 0 : std::filesystem::file_size(fGrowingFile, error);
+        fGrowingFile.empty() ? 0 : std::filesystem::file_size(host::ToPath(fGrowingFile), error);
     const std::string sizeText =
         fGrowingFile.empty() || error ? std::string() : ": " + RoundedSizeText(size);
     const auto seconds =

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <qda/Text.h>
+#include <qda/host/Paths.h>
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/frame/TQDAException.h>
 #include <qdamemory/MemoryNamespace.h>
@@ -52,17 +53,17 @@ bool WriteSnapshot(const std::string& file, const std::string& text) {
           fmt::format("snapshot \"{}\": it cannot be written (kQDAStatusFileSystemError); is "
                       "there a folder of that name, the right to write there, and room?",
                       file));
-      std::filesystem::remove(unfinished, error);
+      std::filesystem::remove(host::ToPath(unfinished), error);
       return false;
     }
   }
-  std::filesystem::rename(unfinished, file, error);
+  std::filesystem::rename(host::ToPath(unfinished), host::ToPath(file), error);
   if (!error) {
     return true;
   }
   Complain(fmt::format("snapshot \"{}\": it cannot be written (kQDAStatusFileSystemError): {}",
                        file, error.message()));
-  std::filesystem::remove(unfinished, error);
+  std::filesystem::remove(host::ToPath(unfinished), error);
   return false;
 }
 

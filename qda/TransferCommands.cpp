@@ -15,6 +15,7 @@
 #include <qda/Text.h>
 #include <qda/TransferFailure.h>
 #include <qda/TransferTarget.h>
+#include <qda/host/Paths.h>
 #include <qdacore/os/TOSSpecific.h>
 
 namespace qda {
@@ -66,7 +67,7 @@ bool PrintTransfer(Format format, const TransferOptions& options, std::uintmax_t
 
 std::uintmax_t SizeOf(const std::string& path) {
   std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  const std::uintmax_t size = std::filesystem::file_size(host::ToPath(path), error);
   return error ? 0 : size;
 }
 
@@ -103,8 +104,9 @@ int RunPut(TransferOptions options, Format format) {
   if (options.remoteFile.empty()) {
     options.remoteFile = LastPartOf(options.localFile);
   }
+  std::error_code error;
   // Asked here for a clear word; the transfer itself opens it anew.
-  if (!std::filesystem::is_regular_file(options.localFile) ||
+  if (!std::filesystem::is_regular_file(host::ToPath(options.localFile), error) ||
       !std::ifstream(options.localFile, std::ios::binary)) {
     return Refuse(
         fmt::format("file \"{}\": it is not there, is no file or may not be read "
@@ -149,7 +151,8 @@ int RunFetch(TransferOptions options, Format format) {
     options.localFile = LastPartOf(options.remoteFile);
   }
   std::error_code error;
-  if (std::filesystem::exists(std::filesystem::symlink_status(options.localFile, error))) {
+  if (std::filesystem::exists(
+          std::filesystem::symlink_status(host::ToPath(options.localFile), error))) {
     return Refuse(
         fmt::format("file \"{}\": it is there already (kQDAStatusAlreadyExists), and is "
                     "left alone; name another one",

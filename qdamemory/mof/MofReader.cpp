@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <list>
 #include <memory>
-#include <system_error>
 
 #include <qdacore/cim/object/ICIMNamespace.h>
 #include <qdacore/frame/TQDAException.h>
@@ -45,11 +44,20 @@ std::string ReadFile(const std::string& path, const Place& place) {
   return text;
 }
 
+bool IsNoFile(const std::string& path) {
+  try {
+    const std::filesystem::file_status status = std::filesystem::status(path);
+    return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+  } catch (const std::filesystem::filesystem_error&) {
+    // Not to be asked about; also bytes that are no text to the standard library, which names of
+    // files on Windows may have. Whether it can be opened is seen next.
+    return false;
+  }
+}
+
 // A text from elsewhere may name a pipe or a device, which would never end.
 void CheckIsFile(const std::string& path, const Place& place) {
-  std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::status(path, error);
-  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+  if (IsNoFile(path)) {
     Fail(place, "\"" + path + "\" is no file that can be included",
          TQDAStatusCode::kQDAStatusFileSystemError);
   }

@@ -113,6 +113,14 @@ TEST(Snapshot, ReplacesAFileOnlyByAWholeOne) {
   EXPECT_EQ("Qualifier", ReadTextFile(file).substr(0, 9));
 }
 
+// Names are bytes, and need not be UTF-8.
+TEST(Snapshot, NameOfTheFileMayHaveAnyCharacters) {
+  const TemporaryFolder folder;
+  const std::string file = folder.PathOf("\xe4\xf6.mof");
+  EXPECT_EQ(0, RunQda({"snapshot", "-o", file, "--smbios-dump", SampleFile()}).exitCode);
+  EXPECT_EQ(0, RunQda({"classes", "--from", file}).exitCode);
+}
+
 TEST(Snapshot, PlaceThatCannotBeWrittenIsTold) {
   const TemporaryFolder folder;
   const std::string file = folder.PathOf("no folder/x.mof");

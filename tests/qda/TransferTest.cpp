@@ -144,6 +144,14 @@ INSTANTIATE_TEST_SUITE_P(
                     UsageRow{"account at a download", {"fetch", "u:p@h", "f"}, "anonymous"},
                     UsageRow{"port at a download", {"fetch", "h:2121", "f"}, "port 21"}));
 
+// Names are bytes, and need not be UTF-8.
+TEST(QdaPut, FileThatIsNotThereIsToldWhateverItsName) {
+  const ChildResult run = RunQda({"put", "\xe4\xff.bin", "127.0.0.1"});
+  EXPECT_EQ(1, run.exitCode);
+  EXPECT_THAT(run.error, HasSubstr("it is not there, is no file or may not be read "
+                                   "(kQDAStatusFileNotFound)"));
+}
+
 TEST(QdaHost, NameThatResolves) {
   const ChildResult run = RunQda({"host", "localhost", "21"});
   EXPECT_EQ(0, run.exitCode) << run.error;

@@ -111,6 +111,8 @@ const ProblemRow kProblems[] = {
     {"#pragma include (\"missing.mof\")", 8, 18, "file \"missing.mof\" cannot be opened",
      "kQDAStatusFileNotFound"},
     {"#pragma include (\"\")", 8, 18, "the name of the file to include is missing"},
+    {"#pragma include (\"\xe4\xff.mof\")", 8, 18, "file \"\xe4\xff.mof\" cannot be opened",
+     "kQDAStatusFileNotFound"},
     {"#pragma", 8, 8, "expected the name of the pragma, found the end of the text"},
     {"/* no end", 8, 1, "this comment has no end"},
     {"class A { string S = \"no end\n\"; };", 8, 22,
