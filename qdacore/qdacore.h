@@ -27,6 +27,7 @@
 #include <qdacore/cim/value/TCIMReference.h>
 #include <qdacore/cim/value/TCIMReferenceImpl.h>
 #include <qdacore/cim/value/TCIMReferenceValueImpl.h>
+#include <qdacore/cim/value/TCIMRoom.h>
 #include <qdacore/cim/value/TCIMStringValueImpl.h>
 #include <qdacore/cim/value/TCIMValue.h>
 #include <qdacore/cim/value/TCIMValueImpl.h>

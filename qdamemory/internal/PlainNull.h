@@ -5,6 +5,7 @@
 #define QDAMEMORY_INTERNAL_PLAINNULL_H
 
 #include <cstddef>
+#include <vector>
 
 #include <qdacore/cim/value/TCIMValue.h>
 #include <qdamemory/internal/StoredValue.h>
@@ -15,13 +16,13 @@ namespace NZRVQDA20 {
 const std::size_t kNullTypes = 16;
 
 // All of them: scalars by type, then arrays by type.
-const TCIMValue* MakePlainNulls();
+const std::vector<TCIMValue>* MakePlainNulls();
 
 // The same, made once and valid to the end of the process: a host's own static data may hold
 // declarations until then.
 inline const TCIMValue* PlainNulls() {
-  static const TCIMValue* const nulls = MakePlainNulls();
-  return nulls;
+  static const std::vector<TCIMValue>* const nulls = MakePlainNulls();
+  return nulls->data();
 }
 
 // The one that is the same as `value`, whose type is one that a property may have; null when

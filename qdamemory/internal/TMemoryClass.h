@@ -91,7 +91,7 @@ class TMemoryClass final : public ICIMClass, public boost::enable_shared_from_th
   const boost::shared_ptr<TQualifierDeclPool>& DeclPool() const { return fDeclPool; }
   // For the qualifiers of the class and of all that it declares.
   TCIMRoom& Room() { return fRoom; }
-  // One of the class's own declarations says that it is a key.
+  // One of the class's own declarations has the qualifier Key, whatever its value.
   void NoteOwnKey() { fHasOwnKeys = true; }
   // Null for a root class.
   const TMemoryClass* SuperClass() const { return fSuper.get(); }

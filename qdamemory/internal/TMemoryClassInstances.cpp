@@ -73,7 +73,7 @@ void TMemoryClass::MakeInstanceProperties() {
       if (decl.Slot() < all->Size()) {
         all->Replace(decl.Slot(), &decl);
       } else {
-        all->Add(&decl, HashCIMName(decl.Name()));
+        all->Add(&decl, decl.Hash());
       }
     });
   }

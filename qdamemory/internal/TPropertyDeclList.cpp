@@ -18,8 +18,8 @@ TMemoryPropertyDecl* TPropertyDeclList::At(std::uint32_t position) const {
     return fTable->At(position);
   }
   TBlock* block = fFirst;
-  for (; position >= block->capacity; block = block->next) {
-    position -= static_cast<std::uint32_t>(block->capacity);
+  for (; position >= kBlockSize; block = block->next) {
+    position -= kBlockSize;
   }
   return block->Begin() + position;
 }
@@ -44,9 +44,8 @@ void TPropertyDeclList::MakeRoom() {
     ForEach([&table](TMemoryPropertyDecl& decl) { table->Add(&decl, decl.Hash()); });
     fTable = std::move(table);
   }
-  const std::uint32_t capacity = fSize == 0 ? kFirstCapacity : kNextCapacity;
-  void* const memory = ::operator new(sizeof(TBlock) + capacity * sizeof(TMemoryPropertyDecl));
-  fLast = (fLast == 0 ? fFirst : fLast->next) = new (memory) TBlock(capacity);
+  void* const memory = ::operator new(sizeof(TBlock) + kBlockSize * sizeof(TMemoryPropertyDecl));
+  fLast = (fLast == 0 ? fFirst : fLast->next) = new (memory) TBlock();
   fNext = fLast->Begin();
   fEnd = fLast->End();
 }

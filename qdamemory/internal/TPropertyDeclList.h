@@ -1,7 +1,6 @@
 // TPropertyDeclList: the property declarations that a class has itself, in order of creation,
 // owned, and found by name. Declarations come in great numbers and few a class, so they stand in
-// blocks; only a class with many gets a table over them. A
-// declaration never moves.
+// blocks; only a class with many gets a table over them. A declaration never moves.
 
 #ifndef QDAMEMORY_INTERNAL_TPROPERTYDECLLIST_H
 #define QDAMEMORY_INTERNAL_TPROPERTYDECLLIST_H
@@ -61,20 +60,18 @@ class TPropertyDeclList {
   }
 
  private:
-  // Blocks stay below what an allocator takes for large.
-  static const std::uint32_t kFirstCapacity = 10;
-  static const std::uint32_t kNextCapacity = 10;
+  // A block stays below what an allocator takes for large.
+  static const std::uint32_t kBlockSize = 10;
   static const std::uint32_t kLarge = 32;
 
   // In front of its declarations.
   struct TBlock {
-    explicit TBlock(std::uint32_t itsCapacity) : next(0), capacity(itsCapacity) {}
+    TBlock() : next(0) {}
 
     TMemoryPropertyDecl* Begin() { return reinterpret_cast<TMemoryPropertyDecl*>(this + 1); }
-    TMemoryPropertyDecl* End() { return Begin() + capacity; }
+    TMemoryPropertyDecl* End() { return Begin() + kBlockSize; }
 
     TBlock* next;
-    std::size_t capacity;
   };
   static_assert(sizeof(TBlock) % alignof(TMemoryPropertyDecl) == 0, "declarations follow a block");
 

@@ -1,5 +1,5 @@
 // TValueSlots: places for a fixed number of values, each of which comes into being when it is
-// first asked for. Values never move. One allocation, and a few more for all that they hold.
+// first asked for. Values never move. One allocation, and a few more for the bodies of all scalars.
 
 #ifndef QDAMEMORY_INTERNAL_TVALUESLOTS_H
 #define QDAMEMORY_INTERNAL_TVALUESLOTS_H

@@ -126,6 +126,28 @@ TEST(SharedQualifierValue, GivenOnFromNamespaceToNamespaceStaysInOnePlace) {
   }
 }
 
+// Many more than the places that there are at first.
+TEST(SharedQualifierValue, AnyNumberOfThemComesAndGoes) {
+  const int count = 3000;
+  const auto text = [](int n) {
+    return TCIMValue("one of many texts, number " + std::to_string(n));
+  };
+  std::vector<std::unique_ptr<Qualified>> first;
+  std::vector<std::unique_ptr<Qualified>> second;
+  for (int n = 0; n < count; ++n) {
+    first.emplace_back(new Qualified(text(n)));
+    second.emplace_back(new Qualified(first.back()->Value()));
+  }
+  for (int n = 0; n < count; ++n) {
+    ASSERT_EQ(&first[n]->Value(), &second[n]->Value());
+    (n % 2 ? first : second)[n].reset();
+  }
+  for (int n = 0; n < count; ++n) {
+    ASSERT_EQ(text(n), (n % 2 ? second : first)[n]->Value());
+    ASSERT_EQ(&(n % 2 ? second : first)[n]->Value(), &Qualified(text(n)).Value());
+  }
+}
+
 TEST(SharedQualifierValue, ThreadsFillNamespacesOfTheirOwn) {
   const auto fill = [] {
     for (int round = 0; round < 50; ++round) {

@@ -32,6 +32,8 @@ TCIMValueImpl* CopyOf(const TCIMValueImpl& body) {
 
 template <class Body>
 TCIMValueImpl* CopyIn(TCIMRoom& room, const TCIMValueImpl& body) {
+  static_assert(sizeof(Body) <= TCIMRoom::kMost && alignof(Body) <= alignof(void*),
+                "a body finds room");
   return ::new (room.Take(sizeof(Body))) Body(static_cast<const Body&>(body));
 }
 
@@ -56,7 +58,7 @@ TCIMValue::TCIMValue(const TCIMValue& other) : TCIMValue() { Set(other); }
 
 TCIMValue::TCIMValue(const TCIMValue& other, TCIMRoom& room) : TCIMValue() {
   // A body tells that the type has values.
-  if (!other.fBody || other.fType >= TType::kCIMTypeReference) {
+  if (!other.fBody || other.IsArray() || other.IsReference()) {
     Set(other);
     return;
   }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -63,6 +64,11 @@ TEST(TCIMRoom, ArraysReferencesAndNullsAreAsWithoutIt) {
                TCIMValue(TCIMValue(TypeFromNumber(type), 7), room));
   }
   EXPECT_EQ(TCIMValue(), TCIMValue(TCIMValue(), room));
+  // A type word that nothing checks, with the flag of an array in it.
+  for (const int word : {-1, std::numeric_limits<int>::min() + 16}) {
+    const TCIMValue strange(TypeFromNumber(word), 0, std::vector<TCIMValue>());
+    EXPECT_EQ("{  }", TCIMValue(strange, room).ToString(10));
+  }
 }
 
 TEST(TCIMRoom, AValueOfNoKnownTypeIsRefusedAsByAnyCopy) {
