@@ -36,7 +36,9 @@ bool AreNameCharacters(std::uint64_t first, std::uint64_t second) {
   return _mm_movemask_epi8(fits) == 0xFFFF;
 }
 
-inline std::uint32_t Hash(const std::string& name) {
+}  // namespace
+
+std::uint32_t HashCIMName(const std::string& name) {
   const char* text = name.data();
   const std::size_t size = name.size();
   std::uint64_t hash = size;
@@ -52,7 +54,7 @@ inline std::uint32_t Hash(const std::string& name) {
   return static_cast<std::uint32_t>(Finish(hash));
 }
 
-inline bool IsName(const std::string& name) {
+bool IsCIMName(const std::string& name) {
   const char* text = name.data();
   const std::size_t size = name.size();
   if (size == 0 || (text[0] >= '0' && text[0] <= '9')) {
@@ -69,10 +71,6 @@ inline bool IsName(const std::string& name) {
   }
   return AreNameCharacters(LoadWord(text), LoadWord(text + size - 8));
 }
-
-}  // namespace
-
-std::uint32_t HashCIMName(const std::string& name) { return Hash(name); }
 
 bool EqualCIMNames(const std::string& left, const std::string& right) {
   // Nearly always the case is the same too.
@@ -91,8 +89,6 @@ bool EqualCIMNames(const std::string& left, const std::string& right) {
   return true;
 }
 
-bool IsCIMName(const std::string& name) { return IsName(name); }
-
 void RequireCIMName(const std::string& name) {
   if (!IsCIMName(name)) {
     Fail(TQDAStatusCode::kQDAStatusInvalidCIMName);
@@ -100,10 +96,8 @@ void RequireCIMName(const std::string& name) {
 }
 
 std::uint32_t HashNewCIMName(const std::string& name) {
-  if (!IsName(name)) {
-    Fail(TQDAStatusCode::kQDAStatusInvalidCIMName);
-  }
-  return Hash(name);
+  RequireCIMName(name);
+  return HashCIMName(name);
 }
 
 std::string FoldCIMName(const std::string& name) {

@@ -14,14 +14,14 @@ TMemoryQualifierDecl* TQualifierDeclPool::Find(const std::string& name) const {
 
 TMemoryQualifierDecl* TQualifierDeclPool::Create(const std::string& name, const TCIMValue& value,
                                                  std::int32_t scope, std::int32_t flavor) {
-  RequireCIMName(name);
-  if (Find(name) != 0) {
+  const std::uint32_t hash = HashNewCIMName(name);
+  if (fTable.Find(name, hash) != 0) {
     Fail(TQDAStatusCode::kQDAStatusAlreadyExists);
   }
   fDecls.push_back(std::unique_ptr<TMemoryQualifierDecl>());
   try {
     fDecls.back().reset(new TMemoryQualifierDecl(this, name, value, scope, flavor));
-    fTable.Add(fDecls.back().get(), HashCIMName(name));
+    fTable.Add(fDecls.back().get(), hash);
   } catch (...) {
     fDecls.pop_back();
     throw;

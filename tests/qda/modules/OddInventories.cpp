@@ -27,6 +27,7 @@
 #include <qdacore/plugin/INamespaceSource.h>
 #include <qdamemory/MemoryNamespace.h>
 #include <qdamemory/StandardQualifiers.h>
+#include <tests/qda/modules/NamedSource.h>
 
 namespace {
 
@@ -153,14 +154,7 @@ void AddValues(const shared_ptr<ICIMNamespace>& ns) {
   AddInstance(cls, {{"Id", TCIMValue(static_cast<unsigned char>(2))}});
 }
 
-class Source : public INamespaceSource {
- public:
-  explicit Source(const std::string& name) : fName(name) {}
-  const std::string& GetName(Context) const override { return fName; }
-
- private:
-  const std::string fName;
-};
+typedef odd_modules::NamedSource Source;
 
 class ValuesSource : public Source {
  public:

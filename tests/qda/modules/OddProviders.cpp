@@ -14,6 +14,7 @@
 #include <qdacore/plugin/INamespaceProviderManager.h>
 #include <qdacore/plugin/INamespaceSource.h>
 #include <qdamemory/MemoryNamespace.h>
+#include <tests/qda/modules/NamedSource.h>
 
 namespace {
 
@@ -31,14 +32,7 @@ class MuteProvider : public INamespaceProvider {
   const std::string fName = "mute";
 };
 
-class Source : public INamespaceSource {
- public:
-  explicit Source(const std::string& name) : fName(name) {}
-  const std::string& GetName(Context) const override { return fName; }
-
- private:
-  const std::string fName;
-};
+typedef odd_modules::NamedSource Source;
 
 class NullSource : public Source {
  public:
